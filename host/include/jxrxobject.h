@@ -1,0 +1,96 @@
+#pragma once
+
+#include "kthost_export.h"
+#include "jxerror.h"
+
+#include <cstddef>
+
+/**
+ * @brief Run-time class description of a host object type.
+ *
+ * Each class derived from CJxRxObject has one static description that names
+ * it and points to its parent's description, forming the class tree that
+ * isKindOf() and the casts walk.
+ */
+class KTHOST_EXPORT CJxRxClass
+{
+public:
+    CJxRxClass(const wchar_t* name, const CJxRxClass* parent);
+
+    const wchar_t* name() const { return m_name; }
+    const CJxRxClass* parent() const { return m_parent; }
+    /// True when this class is @p other or derives from it.
+    bool isDerivedFrom(const CJxRxClass* other) const;
+
+private:
+    const wchar_t* m_name;
+    const CJxRxClass* m_parent;
+};
+
+/**
+ * @brief Base of host objects: run-time class identity and the host heap.
+ *
+ * Objects of this hierarchy are allocated on the host heap (operator new and
+ * delete go through ktHeapAlloc() and ktHeapFree()).
+ */
+class KTHOST_EXPORT CJxRxObject
+{
+public:
+    virtual ~CJxRxObject();
+
+    /// The description of CJxRxObject itself.
+    static const CJxRxClass* desc();
+    /// The description of the object's most derived class.
+    virtual const CJxRxClass* isA() const;
+    /// True when the object is of class @p cls or of a class derived from it.
+    bool isKindOf(const CJxRxClass* cls) const;
+
+    static void* operator new(std::size_t size);
+    static void operator delete(void* p) noexcept;
+    static void* operator new[](std::size_t size);
+    static void operator delete[](void* p) noexcept;
+
+protected:
+    CJxRxObject() = default;
+};
+
+/// Declares the run-time class members inside a class derived from CJxRxObject.
+#define KT_DECLARE_RX_MEMBERS(ClassName)                                                           \
+public:                                                                                            \
+    static const CJxRxClass* desc();                                                               \
+    const CJxRxClass* isA() const override;                                                        \
+    static ClassName* cast(CJxRxObject* object)                                                    \
+    {                                                                                              \
+        return object && object->isKindOf(desc()) ? static_cast<ClassName*>(object) : nullptr;     \
+    }                                                                                              \
+    static const ClassName* cast(const CJxRxObject* object)                                        \
+    {                                                                                              \
+        return object && object->isKindOf(desc()) ? static_cast<const ClassName*>(object)          \
+                                                  : nullptr;                                       \
+    }
+
+/// Defines the run-time class members of @p ClassName, derived from @p ParentName.
+#define KT_DEFINE_RX_MEMBERS(ClassName, ParentName)                                                \
+    const CJxRxClass* ClassName::desc()                                                            \
+    {                                                                                              \
+        static const CJxRxClass s_desc(L## #ClassName, ParentName::desc());                        \
+        return &s_desc;                                                                            \
+    }                                                                                              \
+    const CJxRxClass* ClassName::isA() const                                                       \
+    {                                                                                              \
+        return desc();                                                                             \
+    }
+
+/**
+ * Casts @p object to @p T, raising CJxError(KtError_NotThatKindOfClass) when
+ * it is not of that class. A null object gives null.
+ */
+template<class T>
+T* ktRxCheckedCast(CJxRxObject* object)
+{
+    if (!object)
+        return nullptr;
+    if (!object->isKindOf(T::desc()))
+        throw CJxError(KtError_NotThatKindOfClass);
+    return static_cast<T*>(object);
+}

@@ -1,0 +1,552 @@
+#include "ckttreectrl.h"
+
+#include "ktitemroles.h"
+#include "ktstringconversion.h"
+
+#include <KtQtBlockSignalUtil>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+
+#include <vector>
+
+namespace {
+
+constexpr unsigned int kAllStateBits = 0xFFFFFFFFu;
+constexpr unsigned int kPrivateCollapseMask = 1;
+
+bool isPseudoHandle(const QTreeWidgetItem* item)
+{
+    return item == TVI_ROOT || item == TVI_FIRST || item == TVI_LAST || item == TVI_SORT;
+}
+
+unsigned int storedState(const QTreeWidgetItem* item)
+{
+    return item->data(0, KtItemRole::State).toUInt();
+}
+
+// Pre-order walk below (not including) @p root, with an explicit stack so that
+// deep trees cannot overflow the call stack.
+template<class Visit>
+void forEachDescendant(QTreeWidgetItem* root, Visit visit)
+{
+    std::vector<QTreeWidgetItem*> stack;
+    for (int i = root->childCount() - 1; i >= 0; --i)
+        stack.push_back(root->child(i));
+    while (!stack.empty()) {
+        QTreeWidgetItem* item = stack.back();
+        stack.pop_back();
+        visit(item);
+        for (int i = item->childCount() - 1; i >= 0; --i)
+            stack.push_back(item->child(i));
+    }
+}
+
+} // namespace
+
+CKtTreeCtrl::CKtTreeCtrl(QWidget* pParent)
+    : QTreeWidget(nullptr)
+{
+    // Host dialogs place the control themselves; the parent is deliberately not taken.
+    Q_UNUSED(pParent);
+    setHeaderHidden(true);
+    if (header())
+        header()->setVisible(false);
+}
+
+CKtTreeCtrl::~CKtTreeCtrl() = default;
+
+// --- Image list -------------------------------------------------------------
+
+CKtImageList CKtTreeCtrl::GetImageList(unsigned int nImageList) const
+{
+    Q_UNUSED(nImageList);
+    return m_imageList;
+}
+
+CKtImageList CKtTreeCtrl::SetImageList(const CKtImageList& list, int nImageListType)
+{
+    Q_UNUSED(nImageListType);
+    return KtImageListOps::replace(m_imageList, list);
+}
+
+void CKtTreeCtrl::AppendItemImage(const QPixmap& image)
+{
+    KtImageListOps::append(m_imageList, image);
+}
+
+void CKtTreeCtrl::ClearItemImageList()
+{
+    KtImageListOps::clear(m_imageList);
+}
+
+// --- Insertion ----------------------------------------------------------------
+
+QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, int nSelectedImage,
+                                         QTreeWidgetItem* hParent, QTreeWidgetItem* hInsertAfter)
+{
+    // Everything is set while the item is detached, so the model sees one insertion only.
+    auto* item = new QTreeWidgetItem(QStringList{ktutWideToQString(lpszItem)}, QTreeWidgetItem::Type);
+    if (GetCheckBoxes()) {
+        item->setFlags(item->flags() | m_checkBoxFlags);
+        item->setData(0, Qt::CheckStateRole, Qt::Unchecked);
+    }
+    if (KtImageListOps::hasImages(m_imageList, nImage, nSelectedImage))
+        item->setData(0, Qt::DecorationRole, KtImageListOps::makeIcon(m_imageList, nImage, nSelectedImage));
+    item->setData(0, KtItemRole::Image, nImage);
+    item->setData(0, KtItemRole::SelectedImage, nSelectedImage);
+    item->setData(0, KtItemRole::CheckMirror, int(Qt::Unchecked));
+
+    // A pseudo handle is no item: as a parent it can only mean the top level.
+    if (!hParent || isPseudoHandle(hParent)) {
+        addTopLevelItem(item);
+        return item;
+    }
+    // rowOf() compares pointers only, so any hInsertAfter (pseudo handles included) is safe.
+    const int row = hInsertAfter ? rowOf(hParent, hInsertAfter) : -1;
+    if (row >= 0 && row + 1 < hParent->childCount())
+        hParent->insertChild(row + 1, item);
+    else
+        hParent->addChild(item);
+    return item;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, QTreeWidgetItem* hParent)
+{
+    return InsertItem(lpszItem, 0, 0, hParent, nullptr);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::InsertItem(tagTVINSERTSTRUCT* pInsert)
+{
+    if (!pInsert)
+        return nullptr;
+    return InsertItem(pInsert->item.pszText, pInsert->item.iImage, pInsert->item.iSelectedImage,
+                      pInsert->hParent, pInsert->hInsertAfter);
+}
+
+// --- Item values --------------------------------------------------------------
+
+int CKtTreeCtrl::SetItemText(QTreeWidgetItem* hItem, const wchar_t* lpszItem)
+{
+    if (!hItem)
+        return 0;
+    hItem->setData(0, Qt::DisplayRole, ktutWideToQString(lpszItem));
+    return 1;
+}
+
+KtString CKtTreeCtrl::GetItemText(QTreeWidgetItem* hItem) const
+{
+    if (!hItem)
+        return KtString(L"");
+    return ktutQStringToKtString(hItem->text(0));
+}
+
+int CKtTreeCtrl::SetItemImage(QTreeWidgetItem* hItem, int nImage, int nSelectedImage)
+{
+    if (!KtImageListOps::hasImages(m_imageList, nImage, nSelectedImage) || !hItem)
+        return 0;
+    hItem->setData(0, Qt::DecorationRole, KtImageListOps::makeIcon(m_imageList, nImage, nSelectedImage));
+    hItem->setData(0, KtItemRole::Image, nImage);
+    hItem->setData(0, KtItemRole::SelectedImage, nSelectedImage);
+    return 1;
+}
+
+int CKtTreeCtrl::GetItemImage(QTreeWidgetItem* hItem, int& nImage, int& nSelectedImage) const
+{
+    nImage = -1;
+    nSelectedImage = -1;
+    if (!hItem)
+        return 0;
+    nImage = hItem->data(0, KtItemRole::Image).toInt();
+    nSelectedImage = hItem->data(0, KtItemRole::SelectedImage).toInt();
+    return 1;
+}
+
+int CKtTreeCtrl::SetItemData(QTreeWidgetItem* hItem, unsigned long long dwData)
+{
+    if (!hItem)
+        return 0;
+    hItem->setData(0, KtItemRole::ItemData, qulonglong(dwData));
+    return 1;
+}
+
+unsigned long long CKtTreeCtrl::GetItemData(QTreeWidgetItem* hItem) const
+{
+    if (!hItem)
+        return 0;
+    return hItem->data(0, KtItemRole::ItemData).toULongLong();
+}
+
+int CKtTreeCtrl::SetItemState(QTreeWidgetItem* hItem, unsigned int nState, unsigned int nStateMask)
+{
+    if (!hItem)
+        return 0;
+
+    if (nStateMask == TVIS_STATEIMAGEMASK) {
+        const unsigned int stateImage = nState >> 12;
+        const Qt::CheckState check = stateImage == 3 ? Qt::Checked
+                                     : stateImage == 2 ? Qt::PartiallyChecked
+                                                       : Qt::Unchecked;
+        hItem->setData(0, Qt::CheckStateRole, int(check));
+        hItem->setData(0, KtItemRole::CheckMirror, int(check));
+        return 1;
+    }
+
+    unsigned int state = storedState(hItem);
+    if (nStateMask == kAllStateBits) {
+        state = nState;
+    } else if (nStateMask == kPrivateCollapseMask) {
+        state &= ~TVIS_EXPANDED;
+    } else {
+        // Masked bits are cleared only when all of them are set; callers rely on
+        // the single-bit cases behaving as set/clear.
+        if ((state & nStateMask) == nStateMask)
+            state &= ~nStateMask;
+        state |= nState;
+    }
+
+    if (signalsBlocked()) {
+        hItem->setData(0, KtItemRole::State, state);
+    } else {
+        KtQtBlockSignalUtil blocker(this);
+        hItem->setData(0, KtItemRole::State, state);
+    }
+    return 1;
+}
+
+unsigned int CKtTreeCtrl::GetItemState(QTreeWidgetItem* hItem, unsigned int nStateMask) const
+{
+    if (!hItem)
+        return 0;
+    if (nStateMask != TVIS_STATEIMAGEMASK)
+        return storedState(hItem);
+
+    QTreeWidgetItem* parent = hItem->parent();
+    if (!parent)
+        return hItem->data(0, Qt::CheckStateRole).toInt() == Qt::Checked ? 0x3000u : 0x1000u;
+
+    // The summary covers the item and its siblings; partial checks count as unchecked.
+    const int total = parent->childCount();
+    int checked = 0;
+    for (int i = 0; i < total; ++i) {
+        if (parent->child(i)->data(0, KtItemRole::CheckMirror).toInt() == Qt::Checked)
+            ++checked;
+    }
+    if (checked == 0)
+        return 0x1000u;
+    return checked == total ? 0x3000u : 0x2000u;
+}
+
+int CKtTreeCtrl::GetItemRect(QTreeWidgetItem* hItem, tagRECT* lpRect, int bTextOnly) const
+{
+    Q_UNUSED(bTextOnly);
+    if (!lpRect)
+        return 0;
+    const QRect r = visualItemRect(hItem);
+    lpRect->left = r.x();
+    lpRect->top = r.y();
+    lpRect->right = r.x() + r.width();
+    lpRect->bottom = r.y() + r.height();
+    return 1;
+}
+
+// --- Navigation ----------------------------------------------------------------
+
+QTreeWidgetItem* CKtTreeCtrl::GetRootItem() const
+{
+    if (QTreeWidgetItem* first = topLevelItem(0))
+        return first;
+    return invisibleRootItem();
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetSelectedItem() const
+{
+    return currentItem();
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetParentItem(QTreeWidgetItem* hItem) const
+{
+    return hItem ? hItem->parent() : nullptr;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetChildItem(QTreeWidgetItem* hItem) const
+{
+    if (!hItem)
+        return topLevelItem(0);
+    return hItem->child(0);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::containerOf(QTreeWidgetItem* hItem) const
+{
+    QTreeWidgetItem* parent = hItem->parent();
+    return parent ? parent : invisibleRootItem();
+}
+
+int CKtTreeCtrl::rowOf(QTreeWidgetItem* container, const QTreeWidgetItem* hItem) const
+{
+    // Sibling walks and "insert after the previous item" ask for the row next to
+    // the one found last, or for the last row; try those before a linear search.
+    // Only pointers are compared, so a stale hint or a bogus handle is harmless.
+    const int count = container->childCount();
+    if (count > 0 && container->child(count - 1) == hItem)
+        return m_rowHint = count - 1;
+    for (int guess : {m_rowHint + 1, m_rowHint, m_rowHint - 1}) {
+        if (guess >= 0 && guess < count && container->child(guess) == hItem)
+            return m_rowHint = guess;
+    }
+    const int row = container->indexOfChild(const_cast<QTreeWidgetItem*>(hItem));
+    if (row >= 0)
+        m_rowHint = row;
+    return row;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::siblingAt(QTreeWidgetItem* hItem, int offset) const
+{
+    if (!hItem)
+        return nullptr;
+    QTreeWidgetItem* container = containerOf(hItem);
+    const int row = rowOf(container, hItem);
+    if (row < 0)
+        return nullptr;
+    return container->child(row + offset);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetNextSiblingItem(QTreeWidgetItem* hItem) const
+{
+    return siblingAt(hItem, 1);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetPrevSiblingItem(QTreeWidgetItem* hItem) const
+{
+    return siblingAt(hItem, -1);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetNextItem(QTreeWidgetItem* hItem, unsigned int nCode) const
+{
+    // Only bit 0 is tested: every odd code walks to the next sibling.
+    if (!hItem || !(nCode & 1u))
+        return nullptr;
+    return GetNextSiblingItem(hItem);
+}
+
+QTreeWidgetItem* CKtTreeCtrl::GetFirstVisibleItem() const
+{
+    return itemAt(0, 0);
+}
+
+int CKtTreeCtrl::ItemHasChildren(QTreeWidgetItem* hItem) const
+{
+    return hItem && hItem->childCount() > 0 ? 1 : 0;
+}
+
+unsigned int CKtTreeCtrl::GetCount() const
+{
+    // Same count as a QTreeWidgetItemIterator over all items, without its per-item flag tests.
+    unsigned int count = 0;
+    std::vector<const QTreeWidgetItem*> stack{invisibleRootItem()};
+    while (!stack.empty()) {
+        const QTreeWidgetItem* item = stack.back();
+        stack.pop_back();
+        const int children = item->childCount();
+        count += unsigned(children);
+        for (int i = 0; i < children; ++i) {
+            const QTreeWidgetItem* child = item->child(i);
+            if (child->childCount() > 0)
+                stack.push_back(child);
+        }
+    }
+    return count;
+}
+
+unsigned int CKtTreeCtrl::GetVisibleCount() const
+{
+    // Only items under expanded, shown ancestors are laid out; their subtrees are
+    // the only ones worth asking the view about (items elsewhere have no rectangle).
+    unsigned int count = 0;
+    std::vector<QTreeWidgetItem*> stack;
+    QTreeWidgetItem* root = invisibleRootItem();
+    for (int i = root->childCount() - 1; i >= 0; --i)
+        stack.push_back(root->child(i));
+    while (!stack.empty()) {
+        QTreeWidgetItem* item = stack.back();
+        stack.pop_back();
+        if (item->isHidden())
+            continue;
+        const QRect r = visualItemRect(item);
+        if (r.width() != 0 && r.height() != 0)
+            ++count;
+        if (item->isExpanded()) {
+            for (int i = item->childCount() - 1; i >= 0; --i)
+                stack.push_back(item->child(i));
+        }
+    }
+    return count;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::HitTest(QPoint pt, unsigned int* pFlags) const
+{
+    // Fixed on purpose: TVHT_NOWHERE | TVHT_ONITEMICON | TVHT_ONITEMLABEL.
+    if (pFlags)
+        *pFlags = TVHT_NOWHERE | TVHT_ONITEMICON | TVHT_ONITEMLABEL;
+    return itemAt(pt);
+}
+
+// --- Selection, editing, expansion ---------------------------------------------------
+
+int CKtTreeCtrl::SelectItem(QTreeWidgetItem* hItem)
+{
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    for (QTreeWidgetItem* item : selected)
+        SetItemState(item, 0, TVIS_SELECTED);
+    SetItemState(hItem, TVIS_SELECTED, TVIS_SELECTED);
+    setCurrentItem(hItem);
+    return 1;
+}
+
+int CKtTreeCtrl::Select(QTreeWidgetItem* hItem, unsigned int nCode)
+{
+    if (nCode != TVGN_CARET)
+        return 0;
+    return SelectItem(hItem);
+}
+
+int CKtTreeCtrl::SelectDropTarget(QTreeWidgetItem* hItem)
+{
+    if (!hItem)
+        return 0;
+    hItem->setFlags(hItem->flags() | Qt::ItemIsDropEnabled);
+    return 1;
+}
+
+int CKtTreeCtrl::EnsureVisible(QTreeWidgetItem* hItem)
+{
+    if (!hItem)
+        return 0;
+    scrollToItem(hItem, QAbstractItemView::EnsureVisible);
+    return 1;
+}
+
+int CKtTreeCtrl::EditLabel(QTreeWidgetItem* hItem)
+{
+    if (!hItem)
+        return 0;
+    if (!(hItem->flags() & Qt::ItemIsEditable)) {
+        blockSignals(true);
+        hItem->setFlags(hItem->flags() | Qt::ItemIsEditable);
+        blockSignals(false);
+    }
+    editItem(hItem, 0);
+    return 1;
+}
+
+int CKtTreeCtrl::Expand(QTreeWidgetItem* hItem, unsigned int nCode)
+{
+    if (!hItem)
+        return 0;
+    // TVE_TOGGLE has bit 1 set and therefore always expands.
+    if (!(nCode & TVE_EXPAND) && (nCode & TVE_COLLAPSE)) {
+        hItem->setExpanded(false);
+        SetItemState(hItem, kPrivateCollapseMask, kPrivateCollapseMask);
+    } else {
+        hItem->setExpanded(true);
+        SetItemState(hItem, TVIS_EXPANDED, TVIS_EXPANDED);
+    }
+    return 1;
+}
+
+int CKtTreeCtrl::ExpandAllChild(QTreeWidgetItem* hItem, unsigned int nCode)
+{
+    if (!hItem)
+        return 0;
+    if (hItem->childCount() == 0)
+        return 1;
+    Expand(hItem, nCode);
+    forEachDescendant(hItem, [this, nCode](QTreeWidgetItem* item) {
+        if (item->childCount() > 0)
+            Expand(item, nCode);
+    });
+    return 1;
+}
+
+void CKtTreeCtrl::markDescendantsExpanded(bool expanded)
+{
+    // Starts below GetRootItem(): the first top-level item and the other top-level
+    // subtrees keep their stored bits. Written without a signal blocker.
+    forEachDescendant(GetRootItem(), [expanded](QTreeWidgetItem* item) {
+        const unsigned int state = storedState(item);
+        item->setData(0, KtItemRole::State, expanded ? state | TVIS_EXPANDED : state & ~TVIS_EXPANDED);
+    });
+}
+
+void CKtTreeCtrl::ExpandAll()
+{
+    expandAll();
+    markDescendantsExpanded(true);
+}
+
+void CKtTreeCtrl::CollapseAll()
+{
+    collapseAll();
+    markDescendantsExpanded(false);
+}
+
+// --- Check boxes ----------------------------------------------------------------
+
+void CKtTreeCtrl::SetCheckBoxes(int bCheck, QFlags<Qt::ItemFlag> flags)
+{
+    m_checkBoxes = bCheck;
+    m_checkBoxFlags = flags;
+}
+
+int CKtTreeCtrl::GetCheckBoxes() const
+{
+    return m_checkBoxes;
+}
+
+int CKtTreeCtrl::SetCheck(QTreeWidgetItem* hItem, int fCheck)
+{
+    if (!hItem)
+        return 0;
+    const int state = fCheck ? Qt::Checked : Qt::Unchecked;
+    hItem->setData(0, Qt::CheckStateRole, state);
+    hItem->setData(0, KtItemRole::CheckMirror, state);
+    return 1;
+}
+
+int CKtTreeCtrl::GetCheck(QTreeWidgetItem* hItem) const
+{
+    return hItem && hItem->data(0, KtItemRole::CheckMirror).toInt() == Qt::Checked ? 1 : 0;
+}
+
+// --- Deletion and drag image ----------------------------------------------------------
+
+int CKtTreeCtrl::DeleteItem(QTreeWidgetItem* hItem)
+{
+    blockSignals(true);
+    if (hItem) {
+        setItemWidget(hItem, 0, nullptr);
+        SetItemState(hItem, 0, TVIS_SELECTED);
+        delete hItem;
+    }
+    blockSignals(false);
+    return 1;
+}
+
+int CKtTreeCtrl::DeleteAllItems()
+{
+    clear();
+    return 1;
+}
+
+QPixmap CKtTreeCtrl::CreateDragImage(QTreeWidgetItem* hItem)
+{
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return QPixmap();
+    const QRect r = visualItemRect(hItem);
+    // The corners are mapped with the control's own mapping, as callers expect.
+    const QPoint topLeft = mapToGlobal(r.topLeft());
+    const QPoint bottomRight = mapToGlobal(r.bottomRight());
+    return screen->grabWindow(winId(), topLeft.x(), topLeft.y(), bottomRight.x() - topLeft.x() + 1,
+                              bottomRight.y() - topLeft.y() + 1);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ktcmdqtutils_export.h"
+
+#include <KtString>
+#include <QString>
+
+/**
+ * @file
+ * Conversions between the host's wide strings and QString. Both directions go
+ * through UTF-8, so every control sees the same text for the same input.
+ */
+
+/// QString to KtString through UTF-8.
+KTCMDQTUTILS_EXPORT KtString ktutQStringToKtString(const QString& str);
+
+/**
+ * Wide string to QString: KtString(str), its utf8Ptr(), then QString::fromUtf8.
+ * A null pointer gives an empty string.
+ */
+KTCMDQTUTILS_EXPORT QString ktutWideToQString(const wchar_t* str);
