@@ -1,0 +1,18 @@
+// Uses the library through its forwarding headers only; exits 0 when the calls work.
+#include <CKtTreeCtrl>
+#include <CuiAfxCtrl>
+#include <KtString>
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    CKtTreeCtrl tree;
+    QTreeWidgetItem* parent = tree.InsertItem(L"图层");
+    tree.InsertItem(L"0", 0, 0, parent, nullptr);
+    const KtString text = ktutQStringToKtString(parent->text(0));
+    const bool ok = tree.GetCount() == 2 && text == KtString(L"图层")
+                    && ktutResourceText(L"IDS_X", L"default") == QStringLiteral("default");
+    return ok ? 0 : 1;
+}
