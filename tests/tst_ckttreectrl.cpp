@@ -97,6 +97,7 @@ private Q_SLOTS:
     void expand_data();
     void expand();
     void expandAllChild();
+    void expandWithSlotsEditingTheTree();
     void expandAllAndCollapseAll();
     void checks();
     void deletion();
@@ -128,8 +129,9 @@ void TestCKtTreeCtrl::construction()
     CKtTreeCtrl tree(&dialog);
     QCOMPARE(tree.parentWidget(), nullptr); // the parent argument is not passed on
     QVERIFY(tree.isHeaderHidden());
-    QVERIFY(!tree.header()->isVisible());
+    QVERIFY(tree.header()->isHidden());
     QCOMPARE(tree.GetCheckBoxes(), 0);
+    QCOMPARE(tree.GetFirstVisibleItem(), nullptr);
     QVERIFY(tree.GetImageList(0).isEmpty());
 }
 
@@ -156,15 +158,27 @@ void TestCKtTreeCtrl::imageList()
 
 void TestCKtTreeCtrl::clearedImageListKeepsIcons()
 {
+    QTreeWidgetItem* none = m_tree->InsertItem(L"no list yet");
     m_tree->AppendItemImage(solid(Qt::red));
     QTreeWidgetItem* before = m_tree->InsertItem(L"before");
+    m_tree->SetImageList(CKtImageList{solid(Qt::blue)}, 0);
+    QCOMPARE(iconColor(before->icon(0), QIcon::Normal), QColor(Qt::red)); // icons are not rebuilt
     m_tree->ClearItemImageList();
     QTreeWidgetItem* after = m_tree->InsertItem(L"after");
 
     QCOMPARE(iconColor(before->icon(0), QIcon::Normal), QColor(Qt::red));
     QVERIFY(after->icon(0).isNull());
+    QVERIFY(none->icon(0).isNull());
+    for (QTreeWidgetItem* item : {none, before, after}) {
+        int image = 9, selected = 9;
+        QCOMPARE(m_tree->GetItemImage(item, image, selected), 1);
+        QCOMPARE(image, 0);
+        QCOMPARE(selected, 0);
+    }
+    // Absent roles read as 0 on an item the control did not make.
+    auto* foreign = new QTreeWidgetItem(m_tree.get(), QStringList{"plain"});
     int image = 9, selected = 9;
-    QCOMPARE(m_tree->GetItemImage(before, image, selected), 1);
+    QCOMPARE(m_tree->GetItemImage(foreign, image, selected), 1);
     QCOMPARE(image, 0);
     QCOMPARE(selected, 0);
 }
@@ -255,7 +269,9 @@ void TestCKtTreeCtrl::insertImages()
     QCOMPARE(m_tree->GetItemImage(item, gotImage, gotSelected), 1);
     QCOMPARE(gotImage, image);
     QCOMPARE(gotSelected, selectedImage);
-    QCOMPARE(item->data(0, KtItemRole::CheckMirror), QVariant(0));
+    QCOMPARE(item->data(0, KtItemRole::Image).userType(), int(QMetaType::Int));
+    QCOMPARE(item->data(0, KtItemRole::CheckMirror).userType(), int(QMetaType::Int));
+    QCOMPARE(item->data(0, KtItemRole::CheckMirror).toInt(), 0);
     QVERIFY(!item->data(0, KtItemRole::State).isValid());
 }
 
@@ -301,6 +317,12 @@ void TestCKtTreeCtrl::checkBoxMode()
     QVERIFY(after->flags() & Qt::ItemIsUserCheckable);
     QVERIFY(after->flags() & Qt::ItemIsAutoTristate);
     QCOMPARE(after->checkState(0), Qt::Unchecked);
+
+    m_tree->SetCheckBoxes(5);
+    QCOMPARE(m_tree->GetCheckBoxes(), 5);
+    QTreeWidgetItem* defaults = m_tree->InsertItem(L"default flags");
+    QVERIFY(defaults->flags() & Qt::ItemIsUserCheckable);
+    QVERIFY(!(defaults->flags() & Qt::ItemIsAutoTristate));
 
     m_tree->SetCheckBoxes(0);
     QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
@@ -354,6 +376,7 @@ void TestCKtTreeCtrl::setItemImage()
     QFETCH(int, selectedImage);
     QFETCH(int, result);
 
+    const QColor colors[] = {Qt::red, Qt::blue};
     QTreeWidgetItem* item = m_tree->InsertItem(L"x", 5, 6, nullptr, nullptr);
     m_tree->AppendItemImage(solid(Qt::red));
     m_tree->AppendItemImage(solid(Qt::blue));
@@ -364,6 +387,10 @@ void TestCKtTreeCtrl::setItemImage()
     QCOMPARE(gotImage, result ? image : 5);
     QCOMPARE(gotSelected, result ? selectedImage : 6);
     QCOMPARE(item->icon(0).isNull(), !result);
+    if (result) {
+        QCOMPARE(iconColor(item->icon(0), QIcon::Normal), colors[image]);
+        QCOMPARE(iconColor(item->icon(0), QIcon::Selected), colors[selectedImage]);
+    }
 }
 
 void TestCKtTreeCtrl::setItemState_data()
@@ -399,6 +426,7 @@ void TestCKtTreeCtrl::setItemState()
         item->setData(0, KtItemRole::State, initial);
     QCOMPARE(m_tree->SetItemState(item, state, mask), 1);
     QCOMPARE(stored(item), expected);
+    QCOMPARE(item->data(0, KtItemRole::State).userType(), int(QMetaType::UInt));
     // Any mask but the state-image mask reads back the whole, unmasked value.
     QCOMPARE(m_tree->GetItemState(item, TVIS_SELECTED), expected);
     QCOMPARE(item->data(0, Qt::CheckStateRole).isValid(), false);
@@ -478,7 +506,10 @@ void TestCKtTreeCtrl::siblingCheckSummary()
                              TVIS_STATEIMAGEMASK);
         children << child;
     }
-    // The item's own children do not matter, its siblings do.
+    // Visible check boxes changed without the control do not count, nor do the
+    // item's own children: only the siblings' recorded checks.
+    for (QTreeWidgetItem* child : children)
+        child->setData(0, Qt::CheckStateRole, Qt::Checked);
     QTreeWidgetItem* grandChild = m_tree->InsertItem(L"grandchild", children.first());
     m_tree->SetCheck(grandChild, 1);
 
@@ -605,6 +636,13 @@ void TestCKtTreeCtrl::counts()
     QCOMPARE(m_tree->GetVisibleCount(), 5u);
     a->setExpanded(false);
     QCOMPARE(m_tree->GetVisibleCount(), 2u);
+
+    // A view rooted at a collapsed item lays out that item's children.
+    a1->setExpanded(false);
+    m_tree->setRootIndex(m_tree->model()->index(m_tree->indexOfTopLevelItem(a), 0));
+    QCOMPARE(m_tree->GetVisibleCount(), 2u);
+    a1->setExpanded(true);
+    QCOMPARE(m_tree->GetVisibleCount(), 3u);
 }
 
 void TestCKtTreeCtrl::geometry()
@@ -628,6 +666,14 @@ void TestCKtTreeCtrl::geometry()
     QCOMPARE(m_tree->GetItemRect(child, &rect, 0), 1); // collapsed: Qt's empty rectangle
     QCOMPARE(QRect(rect.left, rect.top, rect.right, rect.bottom), QRect(0, 0, 0, 0));
     QCOMPARE(m_tree->GetItemRect(second, nullptr, 0), 0);
+    tagRECT textOnly{};
+    QCOMPARE(m_tree->GetItemRect(second, &textOnly, 0), 1);
+    QCOMPARE(QRect(textOnly.left, textOnly.top, textOnly.right, textOnly.bottom),
+             QRect(expected.x(), expected.y(), expected.right() + 1, expected.bottom() + 1));
+    second->setHidden(true);
+    QCOMPARE(m_tree->GetItemRect(second, &rect, 0), 1);
+    QCOMPARE(QRect(rect.left, rect.top, rect.right, rect.bottom), QRect(0, 0, 0, 0));
+    second->setHidden(false);
 
     unsigned int flags = 0;
     QCOMPARE(m_tree->HitTest(expected.center(), &flags), second);
@@ -672,6 +718,12 @@ void TestCKtTreeCtrl::selection()
 
     QCOMPARE(m_tree->SelectItem(nullptr), 1);
     QCOMPARE(m_tree->GetSelectedItem(), nullptr);
+
+    // Only items Qt reports as selected lose the bit.
+    b->setData(0, KtItemRole::State, TVIS_SELECTED);
+    b->setSelected(false);
+    m_tree->SelectItem(c);
+    QCOMPARE(stored(b), TVIS_SELECTED);
 }
 
 void TestCKtTreeCtrl::dropTargetAndEditLabel()
@@ -684,7 +736,9 @@ void TestCKtTreeCtrl::dropTargetAndEditLabel()
     m_tree->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
     QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
+    m_tree->blockSignals(true); // unblocked afterwards, not restored
     QCOMPARE(m_tree->EditLabel(item), 1);
+    QVERIFY(!m_tree->signalsBlocked());
     QVERIFY(item->flags() & Qt::ItemIsEditable);
     QCOMPARE(changed.count(), 0);
     QTRY_VERIFY(m_tree->viewport()->findChild<QLineEdit*>());
@@ -748,6 +802,41 @@ void TestCKtTreeCtrl::expandAllChild()
     QVERIFY(!twig->isExpanded());
     QCOMPARE(stored(twig), 0u);
     QCOMPARE(m_tree->ExpandAllChild(nullptr, TVE_EXPAND), 0);
+    QCOMPARE(m_tree->ExpandAllChild(root, 0), 1); // code 0 expands like TVE_EXPAND
+    QVERIFY(branch->isExpanded() && twig->isExpanded());
+
+    // A leaf expanded on its own still records the bit.
+    QCOMPARE(m_tree->Expand(leaf, TVE_EXPAND), 1);
+    QCOMPARE(stored(leaf), TVIS_EXPANDED);
+}
+
+void TestCKtTreeCtrl::expandWithSlotsEditingTheTree()
+{
+    // Slots run while the walk is under way may delete items still to be visited.
+    QTreeWidgetItem* root = m_tree->InsertItem(L"root");
+    QList<QTreeWidgetItem*> branches;
+    for (int i = 0; i < 4; ++i) {
+        branches << m_tree->InsertItem(L"branch", root);
+        m_tree->InsertItem(L"leaf", branches.last());
+    }
+    connect(m_tree.get(), &QTreeWidget::itemExpanded, this, [&](QTreeWidgetItem* item) {
+        if (item == branches[0]) {
+            delete branches[1];
+            m_tree->InsertItem(L"late leaf", branches[2]);
+        }
+    });
+    QCOMPARE(m_tree->ExpandAllChild(root, TVE_EXPAND), 1);
+    QCOMPARE(root->childCount(), 3);
+    for (int i = 0; i < root->childCount(); ++i)
+        QVERIFY(root->child(i)->isExpanded());
+
+    connect(m_tree.get(), &QTreeWidget::itemChanged, this, [&](QTreeWidgetItem* item) {
+        if (item == branches[2])
+            delete branches[3];
+    });
+    m_tree->CollapseAll();
+    QCOMPARE(root->childCount(), 2);
+    QCOMPARE(m_tree->GetCount(), 6u);
 }
 
 void TestCKtTreeCtrl::expandAllAndCollapseAll()
@@ -778,6 +867,16 @@ void TestCKtTreeCtrl::expandAllAndCollapseAll()
     QCOMPARE(stored(f1), 0u);
     QCOMPARE(stored(f11), TVIS_SELECTED);
     QCOMPARE(stored(second), TVIS_EXPANDED);
+
+    // An absent state below the first item becomes a stored 0.
+    QTreeWidgetItem* fresh = m_tree->InsertItem(L"fresh", f1);
+    m_tree->CollapseAll();
+    QCOMPARE(fresh->data(0, KtItemRole::State), QVariant(0u));
+
+    m_tree->DeleteAllItems();
+    m_tree->ExpandAll(); // the empty tree's root is the invisible root item
+    m_tree->CollapseAll();
+    QCOMPARE(m_tree->GetCount(), 0u);
 }
 
 void TestCKtTreeCtrl::checks()
@@ -805,7 +904,8 @@ void TestCKtTreeCtrl::deletion()
     QTreeWidgetItem* child = m_tree->InsertItem(L"child", parent);
     m_tree->InsertItem(L"grandchild", child);
     QTreeWidgetItem* other = m_tree->InsertItem(L"other");
-    m_tree->setItemWidget(child, 0, new QLabel(QStringLiteral("widget")));
+    QPointer<QLabel> label = new QLabel(QStringLiteral("widget"));
+    m_tree->setItemWidget(child, 0, label);
     m_tree->SelectItem(child);
 
     QSignalSpy current(m_tree.get(), &QTreeWidget::currentItemChanged);
@@ -817,6 +917,7 @@ void TestCKtTreeCtrl::deletion()
     QCOMPARE(selection.count(), 0);
     QCOMPARE(m_tree->GetCount(), 2u);
     QCOMPARE(parent->childCount(), 0);
+    QTRY_VERIFY(label.isNull()); // the item widget goes with the item
 
     QCOMPARE(m_tree->DeleteItem(nullptr), 1);
     QCOMPARE(m_tree->GetCount(), 2u);

@@ -59,8 +59,9 @@ constexpr unsigned int TVHT_BELOW = 0x0200;
 constexpr unsigned int TVHT_TORIGHT = 0x0400;
 constexpr unsigned int TVHT_TOLEFT = 0x0800;
 
-// Tree pseudo handles. The tree control does not recognise them: it treats
-// them like any handle that is not a child of the parent.
+// Tree pseudo handles. The tree control does not give them their classic
+// meaning: as an insert-after handle one is like any item that is not a child
+// of the parent (the new item goes last); as a parent it stands for the top level.
 #define TVI_ROOT (reinterpret_cast<QTreeWidgetItem*>(static_cast<quintptr>(-0x10000)))
 #define TVI_FIRST (reinterpret_cast<QTreeWidgetItem*>(static_cast<quintptr>(-0x0FFFF)))
 #define TVI_LAST (reinterpret_cast<QTreeWidgetItem*>(static_cast<quintptr>(-0x0FFFE)))

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QScreen>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -26,19 +27,23 @@ unsigned int storedState(const QTreeWidgetItem* item)
 }
 
 // Pre-order walk below (not including) @p root, with an explicit stack so that
-// deep trees cannot overflow the call stack.
+// deep trees cannot overflow the call stack. Children are fetched by index when
+// they are reached, as a recursive walk would: slots run by @p visit may add or
+// remove items under the ones still to come.
 template<class Visit>
 void forEachDescendant(QTreeWidgetItem* root, Visit visit)
 {
-    std::vector<QTreeWidgetItem*> stack;
-    for (int i = root->childCount() - 1; i >= 0; --i)
-        stack.push_back(root->child(i));
+    std::vector<std::pair<QTreeWidgetItem*, int>> stack{{root, 0}};
     while (!stack.empty()) {
-        QTreeWidgetItem* item = stack.back();
-        stack.pop_back();
+        QTreeWidgetItem* parent = stack.back().first;
+        const int next = stack.back().second++;
+        if (next >= parent->childCount()) {
+            stack.pop_back();
+            continue;
+        }
+        QTreeWidgetItem* item = parent->child(next);
         visit(item);
-        for (int i = item->childCount() - 1; i >= 0; --i)
-            stack.push_back(item->child(i));
+        stack.emplace_back(item, 0);
     }
 }
 
@@ -364,7 +369,8 @@ unsigned int CKtTreeCtrl::GetVisibleCount() const
     // the only ones worth asking the view about (items elsewhere have no rectangle).
     unsigned int count = 0;
     std::vector<QTreeWidgetItem*> stack;
-    QTreeWidgetItem* root = invisibleRootItem();
+    // With a root index set, only the root item's descendants are laid out.
+    QTreeWidgetItem* root = rootIndex().isValid() ? itemFromIndex(rootIndex()) : invisibleRootItem();
     for (int i = root->childCount() - 1; i >= 0; --i)
         stack.push_back(root->child(i));
     while (!stack.empty()) {
