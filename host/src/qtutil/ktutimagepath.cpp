@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -36,7 +37,7 @@ QString inDirectory(const QString& dir, const QString& relative)
     if (dir.isEmpty())
         return {};
     const QString path = QDir(dir).filePath(relative);
-    return QFile::exists(path) ? path : QString();
+    return QFileInfo(path).isFile() ? path : QString();
 }
 
 } // namespace
@@ -54,7 +55,9 @@ QString ktutGetImageFullPath(const QString& name, bool allowOverride)
         if (!path.isEmpty())
             return path;
     }
-    return embeddedRoot() + relative;
+    // A directory of the image tree is no image: callers test with QFile::exists.
+    const QString embedded = embeddedRoot() + relative;
+    return QFileInfo(embedded).isDir() ? embeddedRoot() + QStringLiteral("<invalid>") : embedded;
 }
 
 void ktutSetImageDirectory(const QString& dir)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <cstring>
 #include <cwchar>
 
 namespace {
@@ -14,6 +15,15 @@ constexpr std::size_t kFormatLimit = std::size_t(1) << 24;
 std::size_t boundedLength(const wchar_t* str)
 {
     return str ? std::wcslen(str) : 0;
+}
+
+// Qt's UTF-8 and UTF-32 readers take a leading U+FEFF for a byte-order mark and drop it (only
+// the first one); in a string it is a character like any other, so it is put back.
+QString keepLeadingBom(QString text, bool hadBom)
+{
+    if (hadBom)
+        text.prepend(QChar(0xFEFF));
+    return text;
 }
 
 std::wstring decode(const char* str, int length, KtString::Encoding encoding)
@@ -30,7 +40,8 @@ std::wstring decode(const char* str, int length, KtString::Encoding encoding)
         break;
     case KtString::UTF8:
     default:
-        text = QString::fromUtf8(str, length);
+        text = keepLeadingBom(QString::fromUtf8(str, length),
+            (length < 0 || length >= 3) && std::strncmp(str, "\xEF\xBB\xBF", 3) == 0);
         break;
     }
     return text.toStdWString();
@@ -136,8 +147,20 @@ wchar_t KtString::at(int index) const
 const char* KtString::utf8Ptr() const
 {
     if (!m_utf8Valid) {
-        // fromWCharArray reads UTF-32 here; toUtf8 replaces lone surrogates.
-        m_utf8 = QString::fromWCharArray(m_data.data(), int(m_data.size())).toUtf8();
+        // Qt's UTF-32 reader trusts its input: a unit above U+10FFFF becomes a
+        // made-up pair of UTF-16 units (some decode as real characters) and two
+        // separate surrogate units join into one character. Replace those first.
+        const auto invalid
+            = [](wchar_t ch) { return ch < 0 || ch > 0x10FFFF || (ch >= 0xD800 && ch <= 0xDFFF); };
+        QString text;
+        if (std::any_of(m_data.begin(), m_data.end(), invalid)) {
+            std::wstring units = m_data;
+            std::replace_if(units.begin(), units.end(), invalid, wchar_t(0xFFFD));
+            text = QString::fromWCharArray(units.data(), int(units.size()));
+        } else {
+            text = QString::fromWCharArray(m_data.data(), int(m_data.size()));
+        }
+        m_utf8 = keepLeadingBom(text, !m_data.empty() && m_data[0] == 0xFEFF).toUtf8();
         m_utf8Valid = true;
     }
     return m_utf8.constData();
