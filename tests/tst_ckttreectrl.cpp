@@ -75,6 +75,7 @@ private Q_SLOTS:
     void insertImages();
     void insertStructure();
     void checkBoxMode();
+    void itemsAreIndependent();
     void textAndData_data();
     void textAndData();
     void setItemImage_data();
@@ -328,6 +329,38 @@ void TestCKtTreeCtrl::checkBoxMode()
     QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
     QVERIFY(!plain->data(0, Qt::CheckStateRole).isValid());
     QVERIFY(after->flags() & Qt::ItemIsUserCheckable); // existing items keep their boxes
+}
+
+void TestCKtTreeCtrl::itemsAreIndependent()
+{
+    // Items built one after the other with the same settings share nothing a
+    // later change to one of them could reach.
+    QTreeWidgetItem* a = m_tree->InsertItem(L"a");
+    QTreeWidgetItem* b = m_tree->InsertItem(L"b");
+    m_tree->SetItemData(a, 42);
+    m_tree->SetItemState(a, TVIS_SELECTED, TVIS_SELECTED);
+    m_tree->SetCheck(a, 1);
+    a->setFlags(a->flags() | Qt::ItemIsEditable);
+    QCOMPARE(m_tree->GetItemData(b), 0ull);
+    QCOMPARE(m_tree->GetItemState(b, TVIS_SELECTED), 0u);
+    QCOMPARE(m_tree->GetCheck(b), 0);
+    QVERIFY(!(b->flags() & Qt::ItemIsEditable));
+    QCOMPARE(b->text(0), QStringLiteral("b"));
+
+    QTreeWidgetItem* c = m_tree->InsertItem(L"c", 3, 4, nullptr, nullptr);
+    m_tree->SetCheckBoxes(1, Qt::ItemIsUserCheckable | Qt::ItemIsEditable);
+    QTreeWidgetItem* d = m_tree->InsertItem(L"d", 3, 4, nullptr, nullptr);
+    m_tree->SetCheckBoxes(1, Qt::ItemIsUserCheckable);
+    QTreeWidgetItem* e = m_tree->InsertItem(L"e", 3, 4, nullptr, nullptr);
+    QVERIFY(!c->data(0, Qt::CheckStateRole).isValid());
+    QVERIFY(d->flags() & Qt::ItemIsEditable);
+    QVERIFY(!(e->flags() & Qt::ItemIsEditable));
+    QCOMPARE(e->checkState(0), Qt::Unchecked);
+    int image = 0, selected = 0;
+    m_tree->GetItemImage(e, image, selected);
+    QCOMPARE(image, 3);
+    QCOMPARE(selected, 4);
+    QCOMPARE(e->type(), int(QTreeWidgetItem::Type));
 }
 
 void TestCKtTreeCtrl::textAndData_data()

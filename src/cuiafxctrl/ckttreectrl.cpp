@@ -87,11 +87,9 @@ void CKtTreeCtrl::ClearItemImageList()
 
 // --- Insertion ----------------------------------------------------------------
 
-QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, int nSelectedImage,
-                                         QTreeWidgetItem* hParent, QTreeWidgetItem* hInsertAfter)
+QTreeWidgetItem* CKtTreeCtrl::buildItem(const QString& text, int nImage, int nSelectedImage) const
 {
-    // Everything is set while the item is detached, so the model sees one insertion only.
-    auto* item = new QTreeWidgetItem(QStringList{ktutWideToQString(lpszItem)}, QTreeWidgetItem::Type);
+    auto* item = new QTreeWidgetItem(QStringList{text}, QTreeWidgetItem::Type);
     if (GetCheckBoxes()) {
         item->setFlags(item->flags() | m_checkBoxFlags);
         item->setData(0, Qt::CheckStateRole, Qt::Unchecked);
@@ -101,6 +99,40 @@ QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, in
     item->setData(0, KtItemRole::Image, nImage);
     item->setData(0, KtItemRole::SelectedImage, nSelectedImage);
     item->setData(0, KtItemRole::CheckMirror, int(Qt::Unchecked));
+    return item;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::newItem(const QString& text, int nImage, int nSelectedImage)
+{
+    // Each item gets an icon of its own, so items with one are built in full.
+    if (KtImageListOps::hasImages(m_imageList, nImage, nSelectedImage))
+        return buildItem(text, nImage, nSelectedImage);
+
+    // Items without an icon differ only in their text from the last one built
+    // with the same indices and check-box settings. A copy of that item shares
+    // its role values (until one of them changes) and costs one write of the
+    // text instead of a write per role.
+    ItemTemplate& t = m_itemTemplate;
+    const bool checkBox = GetCheckBoxes() != 0;
+    if (!t.item || t.image != nImage || t.selectedImage != nSelectedImage || t.checkBox != checkBox
+        || (checkBox && t.checkBoxFlags != m_checkBoxFlags)) {
+        t.item.reset(buildItem(text, nImage, nSelectedImage));
+        t.image = nImage;
+        t.selectedImage = nSelectedImage;
+        t.checkBox = checkBox;
+        t.checkBoxFlags = m_checkBoxFlags;
+    }
+    // The copy constructor takes the values, the text and the flags; the type is QTreeWidgetItem::Type.
+    auto* item = new QTreeWidgetItem(*t.item);
+    item->setText(0, text);
+    return item;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, int nSelectedImage,
+                                         QTreeWidgetItem* hParent, QTreeWidgetItem* hInsertAfter)
+{
+    // Everything is set while the item is detached, so the model sees one insertion only.
+    QTreeWidgetItem* item = newItem(ktutWideToQString(lpszItem), nImage, nSelectedImage);
 
     // A pseudo handle is no item: as a parent it can only mean the top level.
     if (!hParent || isPseudoHandle(hParent)) {
@@ -289,13 +321,13 @@ QTreeWidgetItem* CKtTreeCtrl::containerOf(QTreeWidgetItem* hItem) const
 
 int CKtTreeCtrl::rowOf(QTreeWidgetItem* container, const QTreeWidgetItem* hItem) const
 {
-    // Sibling walks and "insert after the previous item" ask for the row next to
-    // the one found last, or for the last row; try those before a linear search.
-    // Only pointers are compared, so a stale hint or a bogus handle is harmless.
+    // Sibling walks and "insert after the previous item" both ask for the row
+    // after the one found last, so that guess goes first; then the last row and
+    // the rows around the hint, before a linear search. Each child() call looks
+    // up the model, so the usual case should need only one. Only pointers are
+    // compared, so a stale hint or a bogus handle is harmless.
     const int count = container->childCount();
-    if (count > 0 && container->child(count - 1) == hItem)
-        return m_rowHint = count - 1;
-    for (int guess : {m_rowHint + 1, m_rowHint, m_rowHint - 1}) {
+    for (int guess : {m_rowHint + 1, count - 1, m_rowHint, m_rowHint - 1}) {
         if (guess >= 0 && guess < count && container->child(guess) == hItem)
             return m_rowHint = guess;
     }

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QTreeWidget>
 
+#include <memory>
+
 /**
  * @brief A QTreeWidget with the foundation-class tree-control API.
  *
@@ -155,9 +157,22 @@ private:
     int rowOf(QTreeWidgetItem* container, const QTreeWidgetItem* hItem) const;
     QTreeWidgetItem* siblingAt(QTreeWidgetItem* hItem, int offset) const;
     void markDescendantsExpanded(bool expanded);
+    QTreeWidgetItem* buildItem(const QString& text, int nImage, int nSelectedImage) const;
+    QTreeWidgetItem* newItem(const QString& text, int nImage, int nSelectedImage);
 
     CKtImageList m_imageList;
     int m_checkBoxes = 0;
     QFlags<Qt::ItemFlag> m_checkBoxFlags;
     mutable int m_rowHint = 0; // last row found by rowOf(); speeds up sibling walks
+
+    // The last item built without an icon, and what it was built from; newItem() copies it.
+    struct ItemTemplate
+    {
+        std::unique_ptr<QTreeWidgetItem> item;
+        int image = 0;
+        int selectedImage = 0;
+        bool checkBox = false;
+        QFlags<Qt::ItemFlag> checkBoxFlags;
+    };
+    ItemTemplate m_itemTemplate;
 };

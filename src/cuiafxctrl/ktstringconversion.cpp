@@ -1,6 +1,9 @@
 #include "ktstringconversion.h"
 
+#include <algorithm>
 #include <cstring>
+#include <cwchar>
+#include <limits>
 
 KtString ktutQStringToKtString(const QString& str)
 {
@@ -10,6 +13,18 @@ KtString ktutQStringToKtString(const QString& str)
 
 QString ktutWideToQString(const wchar_t* str)
 {
+    // Text made only of valid code points (and no byte order mark, which the
+    // readers may drop) comes back unchanged from the UTF-8 round trip, so it is
+    // converted directly; everything else goes through the host's UTF-8 view,
+    // which decides what malformed units become.
+    if (str && *str) {
+        const std::size_t length = std::wcslen(str);
+        const bool plain = std::none_of(str, str + length, [](wchar_t ch) {
+            return ch <= 0 || ch > 0x10FFFF || (ch >= 0xD800 && ch <= 0xDFFF) || ch == 0xFEFF;
+        });
+        if (plain && length <= std::size_t(std::numeric_limits<int>::max()))
+            return QString::fromWCharArray(str, int(length));
+    }
     const KtString wide(str);
     const char* p = wide.utf8Ptr();
     return QString::fromUtf8(p, p ? int(std::strlen(p)) : -1);

@@ -15,7 +15,8 @@
 KTCMDQTUTILS_EXPORT KtString ktutQStringToKtString(const QString& str);
 
 /**
- * Wide string to QString: KtString(str), its utf8Ptr(), then QString::fromUtf8.
- * A null pointer gives an empty string.
+ * Wide string to QString: the result of KtString(str), its utf8Ptr(), then
+ * QString::fromUtf8. Text of valid code points skips the round trip, which
+ * would give it back unchanged. A null pointer gives an empty string.
  */
 KTCMDQTUTILS_EXPORT QString ktutWideToQString(const wchar_t* str);
