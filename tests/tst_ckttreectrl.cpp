@@ -194,18 +194,30 @@ void TestCKtTreeCtrl::insertPlacement_data()
 
     const QStringList top{"P", "T"};
     const QStringList kids{"c0", "c1", "c2"};
-    QTest::newRow("root, no after") << "" << "" << QStringList{"P", "T", "new"} << kids;
-    QTest::newRow("root ignores after") << "" << "c0" << QStringList{"P", "T", "new"} << kids;
-    QTest::newRow("after first child") << "P" << "c0" << top << QStringList{"c0", "new", "c1", "c2"};
-    QTest::newRow("after middle child") << "P" << "c1" << top << QStringList{"c0", "c1", "new", "c2"};
-    QTest::newRow("after last child") << "P" << "c2" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("no after") << "P" << "" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("after a non-child") << "P" << "T" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("after the parent") << "P" << "P" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("TVI_FIRST") << "P" << "TVI_FIRST" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("TVI_LAST") << "P" << "TVI_LAST" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("TVI_SORT") << "P" << "TVI_SORT" << top << QStringList{"c0", "c1", "c2", "new"};
-    QTest::newRow("TVI_ROOT parent") << "TVI_ROOT" << "TVI_LAST" << QStringList{"P", "T", "new"} << kids;
+    QTest::newRow("root, no after") << ""
+                                    << "" << QStringList{"P", "T", "new"} << kids;
+    QTest::newRow("root ignores after") << ""
+                                        << "c0" << QStringList{"P", "T", "new"} << kids;
+    QTest::newRow("after first child") << "P"
+                                       << "c0" << top << QStringList{"c0", "new", "c1", "c2"};
+    QTest::newRow("after middle child") << "P"
+                                        << "c1" << top << QStringList{"c0", "c1", "new", "c2"};
+    QTest::newRow("after last child") << "P"
+                                      << "c2" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("no after") << "P"
+                              << "" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("after a non-child") << "P"
+                                       << "T" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("after the parent") << "P"
+                                      << "P" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("TVI_FIRST") << "P"
+                               << "TVI_FIRST" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("TVI_LAST") << "P"
+                              << "TVI_LAST" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("TVI_SORT") << "P"
+                              << "TVI_SORT" << top << QStringList{"c0", "c1", "c2", "new"};
+    QTest::newRow("TVI_ROOT parent") << "TVI_ROOT"
+                                     << "TVI_LAST" << QStringList{"P", "T", "new"} << kids;
 }
 
 void TestCKtTreeCtrl::insertPlacement()
@@ -215,16 +227,14 @@ void TestCKtTreeCtrl::insertPlacement()
     QFETCH(QStringList, topLevel);
     QFETCH(QStringList, children);
 
-    QHash<QString, QTreeWidgetItem*> handles{{"", nullptr},
-                                             {"TVI_ROOT", TVI_ROOT},
-                                             {"TVI_FIRST", TVI_FIRST},
-                                             {"TVI_LAST", TVI_LAST},
-                                             {"TVI_SORT", TVI_SORT}};
+    QHash<QString, QTreeWidgetItem*> handles{{"", nullptr}, {"TVI_ROOT", TVI_ROOT}, {"TVI_FIRST", TVI_FIRST},
+        {"TVI_LAST", TVI_LAST}, {"TVI_SORT", TVI_SORT}};
     handles["P"] = m_tree->InsertItem(L"P");
     handles["T"] = m_tree->InsertItem(L"T");
     QTreeWidgetItem* previous = nullptr;
     for (const wchar_t* name : {L"c0", L"c1", L"c2"})
-        handles[QString::fromWCharArray(name)] = previous = m_tree->InsertItem(name, 0, 0, handles["P"], previous);
+        handles[QString::fromWCharArray(name)] = previous
+            = m_tree->InsertItem(name, 0, 0, handles["P"], previous);
 
     QTreeWidgetItem* item = m_tree->InsertItem(L"new", 0, 0, handles[parent], handles[after]);
     QVERIFY(item);
@@ -535,8 +545,11 @@ void TestCKtTreeCtrl::siblingCheckSummary()
     QList<QTreeWidgetItem*> children;
     for (int mirror : mirrors) {
         QTreeWidgetItem* child = m_tree->InsertItem(L"child", parent);
-        m_tree->SetItemState(child, mirror == 2 ? 0x3000u : mirror == 1 ? 0x2000u : 0x1000u,
-                             TVIS_STATEIMAGEMASK);
+        m_tree->SetItemState(child,
+            mirror == 2       ? 0x3000u
+                : mirror == 1 ? 0x2000u
+                              : 0x1000u,
+            TVIS_STATEIMAGEMASK);
         children << child;
     }
     // Visible check boxes changed without the control do not count, nor do the
@@ -702,7 +715,7 @@ void TestCKtTreeCtrl::geometry()
     tagRECT textOnly{};
     QCOMPARE(m_tree->GetItemRect(second, &textOnly, 0), 1);
     QCOMPARE(QRect(textOnly.left, textOnly.top, textOnly.right, textOnly.bottom),
-             QRect(expected.x(), expected.y(), expected.right() + 1, expected.bottom() + 1));
+        QRect(expected.x(), expected.y(), expected.right() + 1, expected.bottom() + 1));
     second->setHidden(true);
     QCOMPARE(m_tree->GetItemRect(second, &rect, 0), 1);
     QCOMPARE(QRect(rect.left, rect.top, rect.right, rect.bottom), QRect(0, 0, 0, 0));

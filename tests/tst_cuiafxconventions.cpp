@@ -2,10 +2,10 @@
 // item roles, the published constant values, image-list operations and the
 // resource-text look-up.
 
-#include <CuiAfxCtrl>
-#include <KtUiCatalogueLanguageSvr>
 #include <CJxServiceDictionary>
 #include <CJxSystem>
+#include <CuiAfxCtrl>
+#include <KtUiCatalogueLanguageSvr>
 
 #include <QtTest>
 
@@ -174,7 +174,8 @@ void TestCuiAfxConventions::structures()
 void TestCuiAfxConventions::imageListOperations()
 {
     CKtImageList list{solid(Qt::red)};
-    const CKtImageList previous = KtImageListOps::replace(list, CKtImageList{solid(Qt::blue), solid(Qt::green)});
+    const CKtImageList previous
+        = KtImageListOps::replace(list, CKtImageList{solid(Qt::blue), solid(Qt::green)});
     QCOMPARE(previous.size(), 1);
     QCOMPARE(list.size(), 2);
 
@@ -217,7 +218,7 @@ void TestCuiAfxConventions::imageIndices()
     QFETCH(int, selectedImage);
     QFETCH(bool, valid);
     QCOMPARE(KtImageListOps::hasImages(CKtImageList{solid(Qt::red), solid(Qt::blue)}, image, selectedImage),
-             valid);
+        valid);
     QVERIFY(!KtImageListOps::hasImages(CKtImageList{}, 0, 0));
 }
 

@@ -20,11 +20,9 @@ int main(int argc, char* argv[])
     parser.setApplicationDescription(QStringLiteral("Gallery of the libKtCmdQtUtils widgets"));
     parser.addHelpOption();
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                        QStringLiteral("Render the window to a PNG <file> and exit."),
-                                        QStringLiteral("file"));
+        QStringLiteral("Render the window to a PNG <file> and exit."), QStringLiteral("file"));
     const QCommandLineOption language(QStringLiteral("language"),
-                                      QStringLiteral("Register the built-in catalogue <lang> (\"en\")."),
-                                      QStringLiteral("lang"));
+        QStringLiteral("Register the built-in catalogue <lang> (\"en\")."), QStringLiteral("lang"));
     parser.addOption(screenshot);
     parser.addOption(language);
     parser.process(app);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kthost_export.h"
 #include "jxerror.h"
+#include "kthost_export.h"
 
 #include <cstddef>
 
@@ -55,37 +55,36 @@ protected:
 };
 
 /// Declares the run-time class members inside a class derived from CJxRxObject.
-#define KT_DECLARE_RX_MEMBERS(ClassName)                                                           \
-public:                                                                                            \
-    static const CJxRxClass* desc();                                                               \
-    const CJxRxClass* isA() const override;                                                        \
-    static ClassName* cast(CJxRxObject* object)                                                    \
-    {                                                                                              \
-        return object && object->isKindOf(desc()) ? static_cast<ClassName*>(object) : nullptr;     \
-    }                                                                                              \
-    static const ClassName* cast(const CJxRxObject* object)                                        \
-    {                                                                                              \
-        return object && object->isKindOf(desc()) ? static_cast<const ClassName*>(object)          \
-                                                  : nullptr;                                       \
+#define KT_DECLARE_RX_MEMBERS(ClassName)                                                                     \
+public:                                                                                                      \
+    static const CJxRxClass* desc();                                                                         \
+    const CJxRxClass* isA() const override;                                                                  \
+    static ClassName* cast(CJxRxObject* object)                                                              \
+    {                                                                                                        \
+        return object && object->isKindOf(desc()) ? static_cast<ClassName*>(object) : nullptr;               \
+    }                                                                                                        \
+    static const ClassName* cast(const CJxRxObject* object)                                                  \
+    {                                                                                                        \
+        return object && object->isKindOf(desc()) ? static_cast<const ClassName*>(object) : nullptr;         \
     }
 
 /// Defines the run-time class members of @p ClassName, derived from @p ParentName.
-#define KT_DEFINE_RX_MEMBERS(ClassName, ParentName)                                                \
-    const CJxRxClass* ClassName::desc()                                                            \
-    {                                                                                              \
-        static const CJxRxClass s_desc(L## #ClassName, ParentName::desc());                        \
-        return &s_desc;                                                                            \
-    }                                                                                              \
-    const CJxRxClass* ClassName::isA() const                                                       \
-    {                                                                                              \
-        return desc();                                                                             \
+#define KT_DEFINE_RX_MEMBERS(ClassName, ParentName)                                                          \
+    const CJxRxClass* ClassName::desc()                                                                      \
+    {                                                                                                        \
+        static const CJxRxClass s_desc(L## #ClassName, ParentName::desc());                                  \
+        return &s_desc;                                                                                      \
+    }                                                                                                        \
+    const CJxRxClass* ClassName::isA() const                                                                 \
+    {                                                                                                        \
+        return desc();                                                                                       \
     }
 
 /**
  * Casts @p object to @p T, raising CJxError(KtError_NotThatKindOfClass) when
  * it is not of that class. A null object gives null.
  */
-template<class T>
+template <class T>
 T* ktRxCheckedCast(CJxRxObject* object)
 {
     if (!object)

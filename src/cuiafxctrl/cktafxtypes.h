@@ -172,10 +172,18 @@ using POINT = tagPOINT;
 class CPoint : public tagPOINT
 {
 public:
-    CPoint() noexcept : tagPOINT{0, 0} {}
-    CPoint(int initX, int initY) noexcept : tagPOINT{initX, initY} {}
-    CPoint(const tagPOINT& pt) noexcept : tagPOINT(pt) {}
-    CPoint(const QPoint& pt) noexcept : tagPOINT{pt.x(), pt.y()} {}
+    CPoint() noexcept
+        : tagPOINT{0, 0}
+    { }
+    CPoint(int initX, int initY) noexcept
+        : tagPOINT{initX, initY}
+    { }
+    CPoint(const tagPOINT& pt) noexcept
+        : tagPOINT(pt)
+    { }
+    CPoint(const QPoint& pt) noexcept
+        : tagPOINT{pt.x(), pt.y()}
+    { }
     operator QPoint() const noexcept { return QPoint(x, y); }
     bool operator==(const tagPOINT& other) const noexcept { return x == other.x && y == other.y; }
     bool operator!=(const tagPOINT& other) const noexcept { return !(*this == other); }

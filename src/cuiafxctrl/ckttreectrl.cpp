@@ -30,7 +30,7 @@ unsigned int storedState(const QTreeWidgetItem* item)
 // deep trees cannot overflow the call stack. Children are fetched by index when
 // they are reached, as a recursive walk would: slots run by @p visit may add or
 // remove items under the ones still to come.
-template<class Visit>
+template <class Visit>
 void forEachDescendant(QTreeWidgetItem* root, Visit visit)
 {
     std::vector<std::pair<QTreeWidgetItem*, int>> stack{{root, 0}};
@@ -129,7 +129,7 @@ QTreeWidgetItem* CKtTreeCtrl::newItem(const QString& text, int nImage, int nSele
 }
 
 QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, int nSelectedImage,
-                                         QTreeWidgetItem* hParent, QTreeWidgetItem* hInsertAfter)
+    QTreeWidgetItem* hParent, QTreeWidgetItem* hInsertAfter)
 {
     // Everything is set while the item is detached, so the model sees one insertion only.
     QTreeWidgetItem* item = newItem(ktutWideToQString(lpszItem), nImage, nSelectedImage);
@@ -158,7 +158,7 @@ QTreeWidgetItem* CKtTreeCtrl::InsertItem(tagTVINSERTSTRUCT* pInsert)
     if (!pInsert)
         return nullptr;
     return InsertItem(pInsert->item.pszText, pInsert->item.iImage, pInsert->item.iSelectedImage,
-                      pInsert->hParent, pInsert->hInsertAfter);
+        pInsert->hParent, pInsert->hInsertAfter);
 }
 
 // --- Item values --------------------------------------------------------------
@@ -222,8 +222,8 @@ int CKtTreeCtrl::SetItemState(QTreeWidgetItem* hItem, unsigned int nState, unsig
     if (nStateMask == TVIS_STATEIMAGEMASK) {
         const unsigned int stateImage = nState >> 12;
         const Qt::CheckState check = stateImage == 3 ? Qt::Checked
-                                     : stateImage == 2 ? Qt::PartiallyChecked
-                                                       : Qt::Unchecked;
+            : stateImage == 2                        ? Qt::PartiallyChecked
+                                                     : Qt::Unchecked;
         hItem->setData(0, Qt::CheckStateRole, int(check));
         hItem->setData(0, KtItemRole::CheckMirror, int(check));
         return 1;
@@ -586,5 +586,5 @@ QPixmap CKtTreeCtrl::CreateDragImage(QTreeWidgetItem* hItem)
     const QPoint topLeft = mapToGlobal(r.topLeft());
     const QPoint bottomRight = mapToGlobal(r.bottomRight());
     return screen->grabWindow(winId(), topLeft.x(), topLeft.y(), bottomRight.x() - topLeft.x() + 1,
-                              bottomRight.y() - topLeft.y() + 1);
+        bottomRight.y() - topLeft.y() + 1);
 }

@@ -54,7 +54,7 @@ public:
      * the indices are stored either way. Never returns null.
      */
     QTreeWidgetItem* InsertItem(const wchar_t* lpszItem, int nImage, int nSelectedImage,
-                                QTreeWidgetItem* hParent = nullptr, QTreeWidgetItem* hInsertAfter = nullptr);
+        QTreeWidgetItem* hParent = nullptr, QTreeWidgetItem* hInsertAfter = nullptr);
     /// Inserts with images 0 and 0 as the last child of @p hParent.
     QTreeWidgetItem* InsertItem(const wchar_t* lpszItem, QTreeWidgetItem* hParent = nullptr);
     /// Inserts from text, images, parent and insert-after of @p pInsert; null gives null.

@@ -13,6 +13,6 @@ int main(int argc, char* argv[])
     tree.InsertItem(L"0", 0, 0, parent, nullptr);
     const KtString text = ktutQStringToKtString(parent->text(0));
     const bool ok = tree.GetCount() == 2 && text == KtString(L"图层")
-                    && ktutResourceText(L"IDS_X", L"default") == QStringLiteral("default");
+        && ktutResourceText(L"IDS_X", L"default") == QStringLiteral("default");
     return ok ? 0 : 1;
 }

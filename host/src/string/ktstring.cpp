@@ -53,8 +53,7 @@ KtString::KtString() = default;
 
 KtString::KtString(const wchar_t* str)
     : m_data(str ? str : L"")
-{
-}
+{ }
 
 KtString::KtString(const wchar_t* str, int count)
 {
@@ -63,20 +62,17 @@ KtString::KtString(const wchar_t* str, int count)
 
 KtString::KtString(const char* str, Encoding encoding)
     : m_data(decode(str, -1, encoding))
-{
-}
+{ }
 
 KtString::KtString(const char* str, int length, Encoding encoding)
     : m_data(decode(str, length, encoding))
-{
-}
+{ }
 
 KtString::KtString(const KtString& other)
     : m_data(other.m_data)
     , m_utf8(other.m_utf8)
     , m_utf8Valid(other.m_utf8Valid)
-{
-}
+{ }
 
 KtString::KtString(KtString&& other) noexcept
     : m_data(std::move(other.m_data))

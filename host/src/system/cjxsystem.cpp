@@ -12,8 +12,7 @@ CJxSystem* CJxSystem::instance()
 
 CJxSystem::CJxSystem()
     : m_services(new CJxServiceDictionary)
-{
-}
+{ }
 
 CJxSystem::~CJxSystem()
 {

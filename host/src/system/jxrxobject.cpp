@@ -5,8 +5,7 @@
 CJxRxClass::CJxRxClass(const wchar_t* name, const CJxRxClass* parent)
     : m_name(name)
     , m_parent(parent)
-{
-}
+{ }
 
 bool CJxRxClass::isDerivedFrom(const CJxRxClass* other) const
 {
