@@ -1,4 +1,5 @@
 // KtString fed with arbitrary bytes, read once as UTF-8 and once as raw wchar_t units.
+#include "fuzzcheck.h"
 #include "ktstring.h"
 
 #include <QByteArray>
@@ -7,20 +8,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <string>
 #include <vector>
-
-#define FUZZ_CHECK(cond)                                                                                     \
-    do {                                                                                                     \
-        if (!(cond)) {                                                                                       \
-            std::fprintf(stderr, "%s:%d: check failed: %s\n", __FILE__, __LINE__, #cond);                    \
-            std::abort();                                                                                    \
-        }                                                                                                    \
-    } while (0)
 
 namespace {
 

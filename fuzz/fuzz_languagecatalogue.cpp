@@ -1,4 +1,5 @@
 // Catalogue loading: arbitrary bytes as a JSON catalogue, then look-ups.
+#include "fuzzcheck.h"
 #include "ktuilanguagesvr.h"
 
 #include <QByteArray>
@@ -7,18 +8,8 @@
 #include <sanitizer/lsan_interface.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cwchar>
 #include <string>
-
-#define FUZZ_CHECK(cond)                                                                                     \
-    do {                                                                                                     \
-        if (!(cond)) {                                                                                       \
-            std::fprintf(stderr, "%s:%d: check failed: %s\n", __FILE__, __LINE__, #cond);                    \
-            std::abort();                                                                                    \
-        }                                                                                                    \
-    } while (0)
 
 namespace {
 

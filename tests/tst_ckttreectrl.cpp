@@ -745,6 +745,8 @@ void TestCKtTreeCtrl::checksAndDeletion()
 
 void TestCKtTreeCtrl::dragImage()
 {
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        QSKIP("the offscreen platform crops screen grabs to the window");
     QTreeWidgetItem* item = m_tree->InsertItem(L"drag me");
     m_tree->resize(240, 120);
     m_tree->move(40, 40);
