@@ -358,17 +358,16 @@ void BM_QtDeleteAllItems(benchmark::State& state)
 
 // --- Walking the 100 000 children of one parent ------------------------------------------
 
-void BM_KtSiblingWalk(benchmark::State& state)
+// Walks the children of @p parent from the first with @p next(item, index) and
+// checks that every one was seen, the last being @p last.
+template <class Next>
+void walkSiblings(benchmark::State& state, QTreeWidgetItem* parent, QTreeWidgetItem* last, Next next)
 {
-    auto tree = newKtTree();
-    QTreeWidgetItem* parent = tree->InsertItem(L"Parent", 0, 0, nullptr, nullptr);
-    QTreeWidgetItem* last = ktInsertAfterPrevious(*tree, parent);
     int visited = 0;
     QTreeWidgetItem* seen = nullptr;
     for (auto _ : state) {
         visited = 0;
-        for (QTreeWidgetItem* item = tree->GetChildItem(parent); item;
-             item = tree->GetNextSiblingItem(item)) {
+        for (QTreeWidgetItem* item = parent->child(0); item; item = next(item, visited)) {
             seen = item;
             ++visited;
         }
@@ -379,25 +378,23 @@ void BM_KtSiblingWalk(benchmark::State& state)
         state.SkipWithError("the walk did not visit every child");
 }
 
+void BM_KtSiblingWalk(benchmark::State& state)
+{
+    auto tree = newKtTree();
+    QTreeWidgetItem* parent = tree->InsertItem(L"Parent", 0, 0, nullptr, nullptr);
+    QTreeWidgetItem* last = ktInsertAfterPrevious(*tree, parent);
+    walkSiblings(
+        state, parent, last, [&](QTreeWidgetItem* item, int) { return tree->GetNextSiblingItem(item); });
+}
+
+// Plain Qt walks by index; visited counts the items seen so far, so the next one is child(visited).
 void BM_QtSiblingWalk(benchmark::State& state)
 {
     auto tree = newQtTree();
     QTreeWidgetItem* parent = newQtItem(L"Parent");
     tree->addTopLevelItem(parent);
     QTreeWidgetItem* last = qtInsertAfterPrevious(parent);
-    int visited = 0;
-    QTreeWidgetItem* seen = nullptr;
-    for (auto _ : state) {
-        visited = 0;
-        for (int i = 0; i < parent->childCount(); ++i) {
-            seen = parent->child(i);
-            ++visited;
-        }
-        benchmark::DoNotOptimize(seen);
-        benchmark::DoNotOptimize(visited);
-    }
-    if (visited != kItems || seen != last)
-        state.SkipWithError("the walk did not visit every child");
+    walkSiblings(state, parent, last, [&](QTreeWidgetItem*, int visited) { return parent->child(visited); });
 }
 
 // The plain-Qt way of asking for the next sibling of a given item, as
@@ -408,20 +405,8 @@ void BM_QtSiblingWalkByItem(benchmark::State& state)
     QTreeWidgetItem* parent = newQtItem(L"Parent");
     tree->addTopLevelItem(parent);
     QTreeWidgetItem* last = qtInsertAfterPrevious(parent);
-    int visited = 0;
-    QTreeWidgetItem* seen = nullptr;
-    for (auto _ : state) {
-        visited = 0;
-        for (QTreeWidgetItem* item = parent->child(0); item;
-             item = parent->child(parent->indexOfChild(item) + 1)) {
-            seen = item;
-            ++visited;
-        }
-        benchmark::DoNotOptimize(seen);
-        benchmark::DoNotOptimize(visited);
-    }
-    if (visited != kItems || seen != last)
-        state.SkipWithError("the walk did not visit every child");
+    walkSiblings(state, parent, last,
+        [&](QTreeWidgetItem* item, int) { return parent->child(parent->indexOfChild(item) + 1); });
 }
 
 } // namespace
@@ -449,26 +434,13 @@ KT_BUILD_CASE(BM_KtDeleteAllItems, "Kt/DeleteAllItems", 5);
 KT_BUILD_CASE(BM_QtDeleteAllItems, "Qt/DeleteAllItems", 5);
 
 // Read-only cases reuse one tree; Google Benchmark picks their iteration count.
-BENCHMARK(BM_KtGetCount)
-    ->Name("Kt/GetCount")
-    ->Unit(benchmark::kMicrosecond)
-    ->Repetitions(3)
-    ->ReportAggregatesOnly(true);
-BENCHMARK(BM_QtGetCount)
-    ->Name("Qt/GetCount")
-    ->Unit(benchmark::kMicrosecond)
-    ->Repetitions(3)
-    ->ReportAggregatesOnly(true);
-BENCHMARK(BM_KtSiblingWalk)
-    ->Name("Kt/SiblingWalk")
-    ->Unit(benchmark::kMicrosecond)
-    ->Repetitions(3)
-    ->ReportAggregatesOnly(true);
-BENCHMARK(BM_QtSiblingWalk)
-    ->Name("Qt/SiblingWalk")
-    ->Unit(benchmark::kMicrosecond)
-    ->Repetitions(3)
-    ->ReportAggregatesOnly(true);
+#define KT_READ_CASE(fn, name)                                                                               \
+    BENCHMARK(fn)->Name(name)->Unit(benchmark::kMicrosecond)->Repetitions(3)->ReportAggregatesOnly(true)
+
+KT_READ_CASE(BM_KtGetCount, "Kt/GetCount");
+KT_READ_CASE(BM_QtGetCount, "Qt/GetCount");
+KT_READ_CASE(BM_KtSiblingWalk, "Kt/SiblingWalk");
+KT_READ_CASE(BM_QtSiblingWalk, "Qt/SiblingWalk");
 // Quadratic (indexOfChild() searches from the front): one iteration is plenty.
 KT_BUILD_CASE(BM_QtSiblingWalkByItem, "Qt/SiblingWalkByItem", 1);
 

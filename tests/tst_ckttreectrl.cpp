@@ -195,6 +195,7 @@ void TestCKtTreeCtrl::insertImages_data()
     QTest::newRow("selected out of range") << 0 << 2 << false;
     QTest::newRow("negative image") << -1 << 0 << false;
     QTest::newRow("negative selected") << 1 << -5 << false;
+    QTest::newRow("int extremes") << INT_MAX << INT_MIN << false;
 }
 
 void TestCKtTreeCtrl::insertImages()

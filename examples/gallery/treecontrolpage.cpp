@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <ktstringconversion.h>
 
 namespace {
 
@@ -96,7 +97,7 @@ void TreeControlPage::showState()
     m_status->setText(tr("%1 items, %2 laid out; selected \"%3\", state 0x%4, check summary 0x%5")
                           .arg(m_tree->GetCount())
                           .arg(m_tree->GetVisibleCount())
-                          .arg(QString::fromUtf8(text.utf8Ptr()))
+                          .arg(ktutKtStringToQString(text))
                           .arg(m_tree->GetItemState(item, TVIS_SELECTED), 0, 16)
                           .arg(m_tree->GetItemState(item, TVIS_STATEIMAGEMASK), 0, 16));
 }

@@ -6,8 +6,6 @@
 #include <CJxSystem>
 #include <KtUiLanguageSvr>
 
-#include <cstring>
-
 QString ktutResourceText(const wchar_t* key, const wchar_t* defaultText)
 {
     CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
@@ -20,6 +18,5 @@ QString ktutResourceText(const wchar_t* key, const wchar_t* defaultText)
         if (auto* language = KtUiLanguageSvr::cast(services->getService(serviceName)))
             text = language->getText(key, defaultText);
     }
-    const char* utf8 = text.utf8Ptr();
-    return QString::fromUtf8(utf8, utf8 ? int(std::strlen(utf8)) : -1);
+    return ktutKtStringToQString(text);
 }

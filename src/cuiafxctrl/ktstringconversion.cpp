@@ -25,7 +25,11 @@ QString ktutWideToQString(const wchar_t* str)
         if (plain && length <= std::size_t(std::numeric_limits<int>::max()))
             return QString::fromWCharArray(str, int(length));
     }
-    const KtString wide(str);
-    const char* p = wide.utf8Ptr();
+    return ktutKtStringToQString(KtString(str));
+}
+
+QString ktutKtStringToQString(const KtString& str)
+{
+    const char* p = str.utf8Ptr();
     return QString::fromUtf8(p, p ? int(std::strlen(p)) : -1);
 }

@@ -20,3 +20,6 @@ KTCMDQTUTILS_EXPORT KtString ktutQStringToKtString(const QString& str);
  * would give it back unchanged. A null pointer gives an empty string.
  */
 KTCMDQTUTILS_EXPORT QString ktutWideToQString(const wchar_t* str);
+
+/// KtString to QString: its utf8Ptr() up to the first NUL, through QString::fromUtf8.
+KTCMDQTUTILS_EXPORT QString ktutKtStringToQString(const KtString& str);
