@@ -1,0 +1,6 @@
+#include "editcontrolspage.h"
+
+EditControlsPage::EditControlsPage(QWidget* parent)
+    : QWidget(parent)
+{
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QWidget>
+
+class EditControlsPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EditControlsPage(QWidget* parent = nullptr);
+};

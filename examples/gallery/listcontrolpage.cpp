@@ -1,0 +1,6 @@
+#include "listcontrolpage.h"
+
+ListControlPage::ListControlPage(QWidget* parent)
+    : QWidget(parent)
+{
+}

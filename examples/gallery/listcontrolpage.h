@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QWidget>
+
+class ListControlPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ListControlPage(QWidget* parent = nullptr);
+};

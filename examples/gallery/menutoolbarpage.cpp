@@ -1,0 +1,6 @@
+#include "menutoolbarpage.h"
+
+MenuToolBarPage::MenuToolBarPage(QWidget* parent)
+    : QWidget(parent)
+{
+}

@@ -1,0 +1,2 @@
+// CKtArchive (being written)
+#pragma once

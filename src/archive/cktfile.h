@@ -1,0 +1,2 @@
+// CKtFile (being written)
+#pragma once

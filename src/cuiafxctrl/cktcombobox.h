@@ -1,0 +1,2 @@
+// CKtComboBox (being written)
+#pragma once

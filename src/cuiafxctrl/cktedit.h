@@ -1,0 +1,2 @@
+// CKtEdit (being written)
+#pragma once

@@ -1,0 +1,2 @@
+// CKtListCtrl (being written)
+#pragma once

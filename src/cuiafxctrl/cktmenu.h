@@ -1,0 +1,2 @@
+// CKtMenu (being written)
+#pragma once

@@ -1,0 +1,2 @@
+// CKtRichEditCtrl (being written)
+#pragma once

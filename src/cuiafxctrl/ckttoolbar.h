@@ -1,0 +1,2 @@
+// CKtToolBar (being written)
+#pragma once
