@@ -1,2 +1,134 @@
-// CKtArchive (being written)
 #pragma once
+
+#include "ktcmdqtutils_export.h"
+
+#include <KtString>
+
+#include <memory>
+
+class CKtFile;
+class CKtArchiveState;
+
+/**
+ * @brief A one-direction buffered byte stream over a CKtFile, with the
+ * foundation-class archive encoding.
+ *
+ * An archive is made for loading (mode bit 0 set) or storing; mode bit 1 keeps
+ * the destructor from flushing. Values are stored in native (little-endian)
+ * byte order without padding. Strings are written with 4-byte characters and
+ * read with 2-byte characters; that asymmetry is part of the format.
+ *
+ * The archive never owns its file: Close() flushes and detaches, the file stays
+ * open. Every file access goes through CKtFile's virtual operations.
+ */
+class KTCMDQTUTILS_EXPORT CKtArchive
+{
+public:
+    /**
+     * Builds an archive on @p file. Buffers below 128 bytes become 128 bytes
+     * allocated by the archive; from 128 up a caller @p buffer is used as is
+     * (and never freed), otherwise the archive allocates one, unless the file
+     * lends its own buffers.
+     */
+    CKtArchive(CKtFile* file, unsigned int mode, int bufferSize = 4096, void* buffer = nullptr);
+    /// Closes (unless mode bit 1 is set), then aborts.
+    ~CKtArchive();
+
+    CKtArchive(const CKtArchive&) = delete;
+    CKtArchive& operator=(const CKtArchive&) = delete;
+
+    /// 1 when made for loading, else 0.
+    int IsLoading() const;
+    /// 1 when made for storing, else 0.
+    int IsStoring() const;
+
+    /**
+     * Loading: copies up to @p count bytes to @p buffer and returns how many
+     * were delivered. Whole multiples of the buffer size go straight from the
+     * file to @p buffer.
+     */
+    unsigned int Read(void* buffer, unsigned int count);
+    /// Storing: appends @p count bytes; whole multiples of the buffer size go straight to the file.
+    void Write(const void* buffer, unsigned int count);
+    /// Storing: hands buffered bytes to the file. Loading: moves the file back over unread bytes.
+    void Flush();
+    /// Loading: keeps the unread bytes and reads at least @p bytesNeeded more behind them if it can.
+    void FillBuffer(unsigned int bytesNeeded);
+    /// Flush(), then detach from the file. The file is not closed.
+    void Close();
+    /// Detach without flushing; an archive-allocated buffer is freed.
+    void Abort();
+
+    CKtArchive& operator<<(unsigned char value);
+    CKtArchive& operator<<(char value);
+    /// One byte, 0 or 1.
+    CKtArchive& operator<<(bool value);
+    CKtArchive& operator<<(unsigned short value);
+    /// The low 16 bits of the character.
+    CKtArchive& operator<<(wchar_t value);
+    CKtArchive& operator<<(int value);
+    CKtArchive& operator<<(unsigned int value);
+    /// The low 32 bits.
+    CKtArchive& operator<<(long value);
+    CKtArchive& operator<<(float value);
+    CKtArchive& operator<<(double value);
+    CKtArchive& operator<<(long long value);
+    CKtArchive& operator<<(unsigned long long value);
+    /// Length prefix (no marker), then 4 bytes per character.
+    CKtArchive& operator<<(const KtString& value);
+
+    CKtArchive& operator>>(unsigned char& value);
+    CKtArchive& operator>>(char& value);
+    /// Any non-zero byte reads as true.
+    CKtArchive& operator>>(bool& value);
+    CKtArchive& operator>>(unsigned short& value);
+    /**
+     * Consumes 2 bytes but fills all 4 bytes of @p value from the read
+     * position: the high half comes from the next, still unread, 2 bytes.
+     */
+    CKtArchive& operator>>(wchar_t& value);
+    CKtArchive& operator>>(int& value);
+    CKtArchive& operator>>(unsigned int& value);
+    /**
+     * Consumes 4 bytes but fills all 8 bytes of @p value from the read
+     * position: the high half comes from the next, still unread, 4 bytes.
+     */
+    CKtArchive& operator>>(long& value);
+    CKtArchive& operator>>(float& value);
+    CKtArchive& operator>>(double& value);
+    CKtArchive& operator>>(long long& value);
+    CKtArchive& operator>>(unsigned long long& value);
+    /**
+     * Length prefix (a Unicode marker is skipped), then 2 bytes per character,
+     * each widened on its own. A short read leaves @p value unchanged.
+     */
+    CKtArchive& operator>>(KtString& value);
+
+    /// Writes the characters of @p text as 4-byte units: no prefix, terminator or line end.
+    void WriteString(const wchar_t* text);
+    /**
+     * Reads one line of 2-byte characters into @p buffer, which holds |max| + 1
+     * characters. @p max is taken as signed: negative keeps the line end, positive
+     * drops it and returns null for an empty line. A carriage return swallows the
+     * next character. Returns @p buffer, or null.
+     */
+    wchar_t* ReadString(wchar_t* buffer, unsigned int max);
+    /**
+     * Reads a whole line of any length into @p text, without its line feed.
+     * Returns false when no line was left to read.
+     */
+    bool ReadString(KtString& text);
+
+private:
+    friend class CKtArchiveState;
+    std::unique_ptr<CKtArchiveState> d;
+};
+
+/**
+ * Writes a string length prefix: with @p unicode the marker FF FE FF first, then
+ * one byte below 255, FF + 16 bits below 65534, FF FFFF + 32 bits below
+ * 0xFFFFFFFF, else FF FFFF FFFFFFFF + 64 bits.
+ */
+KTCMDQTUTILS_EXPORT CKtArchive& AfxWriteStringLength_Q(CKtArchive& ar, unsigned long length, int unicode);
+/// Reads a string length prefix; @p charSize becomes 2 when a Unicode marker was met, else 1.
+KTCMDQTUTILS_EXPORT unsigned long long AfxReadStringLength_Q(CKtArchive& ar, int& charSize);

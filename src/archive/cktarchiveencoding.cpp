@@ -1,0 +1,347 @@
+// The byte encoding of CKtArchive: typed values, length prefixes and strings.
+#include "cktarchive.h"
+#include "cktarchive_p.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <vector>
+
+namespace {
+
+template <typename T>
+CKtArchive& storeValue(CKtArchive& ar, CKtArchiveState* d, T value)
+{
+    if (!d->loading())
+        d->store(&value, sizeof value, &ar);
+    return ar;
+}
+
+template <typename T>
+CKtArchive& loadValue(CKtArchive& ar, CKtArchiveState* d, T& value)
+{
+    if (d->loading())
+        d->load(&value, sizeof value, sizeof value, &ar);
+    return ar;
+}
+
+template <typename Narrow, typename Wide>
+CKtArchive& loadWide(CKtArchive& ar, CKtArchiveState* d, Wide& value)
+{
+    static_assert(sizeof(Wide) == 2 * sizeof(Narrow), "a wide load reads twice the consumed size");
+    if (d->loading())
+        d->load(&value, sizeof(Narrow), sizeof(Wide), &ar);
+    return ar;
+}
+
+// Strings longer than this are read piece by piece, so that a length prefix
+// claiming more than the file holds never allocates for it.
+constexpr unsigned long long StringPiece = 1u << 20;
+
+} // namespace
+
+CKtArchive& CKtArchive::operator<<(unsigned char value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(char value)
+{
+    return storeValue(*this, d.get(), static_cast<unsigned char>(value));
+}
+
+CKtArchive& CKtArchive::operator<<(bool value)
+{
+    return storeValue(*this, d.get(), static_cast<unsigned char>(value ? 1 : 0));
+}
+
+CKtArchive& CKtArchive::operator<<(unsigned short value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(wchar_t value)
+{
+    return storeValue(*this, d.get(), static_cast<quint16>(value));
+}
+
+CKtArchive& CKtArchive::operator<<(int value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(unsigned int value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(long value)
+{
+    return storeValue(*this, d.get(), static_cast<quint32>(value));
+}
+
+CKtArchive& CKtArchive::operator<<(float value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(double value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(long long value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator<<(unsigned long long value)
+{
+    return storeValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(unsigned char& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(char& value)
+{
+    unsigned char byte = static_cast<unsigned char>(value);
+    loadValue(*this, d.get(), byte);
+    value = static_cast<char>(byte);
+    return *this;
+}
+
+CKtArchive& CKtArchive::operator>>(bool& value)
+{
+    unsigned char byte = value ? 1 : 0;
+    loadValue(*this, d.get(), byte);
+    value = byte != 0;
+    return *this;
+}
+
+CKtArchive& CKtArchive::operator>>(unsigned short& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(wchar_t& value)
+{
+    return loadWide<quint16>(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(int& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(unsigned int& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(long& value)
+{
+    return loadWide<quint32>(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(float& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(double& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(long long& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& CKtArchive::operator>>(unsigned long long& value)
+{
+    return loadValue(*this, d.get(), value);
+}
+
+CKtArchive& AfxWriteStringLength_Q(CKtArchive& ar, unsigned long length, int unicode)
+{
+    if (unicode)
+        ar << static_cast<unsigned char>(0xFF) << static_cast<unsigned short>(0xFFFE);
+    if (length < 0xFF) {
+        ar << static_cast<unsigned char>(length);
+    } else if (length < 0xFFFE) {
+        ar << static_cast<unsigned char>(0xFF) << static_cast<unsigned short>(length);
+    } else {
+        ar << static_cast<unsigned char>(0xFF) << static_cast<unsigned short>(0xFFFF);
+        if (length < 0xFFFFFFFFul)
+            ar << static_cast<unsigned int>(length);
+        else
+            ar << static_cast<unsigned int>(0xFFFFFFFFu) << static_cast<unsigned long long>(length);
+    }
+    return ar;
+}
+
+namespace {
+
+/// The prefix after its first byte was 255 and a 16-bit value @p word was read.
+unsigned long long readLongLength(CKtArchive& ar, unsigned short word)
+{
+    if (word < 0xFFFF)
+        return word;
+    unsigned int dword = 0;
+    ar >> dword;
+    if (dword < 0xFFFFFFFFu)
+        return dword;
+    unsigned long long qword = 0;
+    ar >> qword;
+    return qword;
+}
+
+} // namespace
+
+unsigned long long AfxReadStringLength_Q(CKtArchive& ar, int& charSize)
+{
+    charSize = 1;
+    unsigned char byte = 0;
+    ar >> byte;
+    if (byte < 0xFF)
+        return byte;
+    unsigned short word = 0;
+    ar >> word;
+    if (word == 0xFFFE) {
+        charSize = 2;
+        ar >> byte;
+        if (byte < 0xFF)
+            return byte;
+        ar >> word;
+    }
+    return readLongLength(ar, word);
+}
+
+CKtArchive& CKtArchive::operator<<(const KtString& value)
+{
+    if (d->loading())
+        return *this;
+    const unsigned int n = unsigned(value.length());
+    if (n < 0xFF) {
+        *this << static_cast<unsigned char>(n);
+    } else if (n < 0xFFFE) {
+        *this << static_cast<unsigned char>(0xFF) << static_cast<unsigned short>(n);
+    } else {
+        *this << static_cast<unsigned char>(0xFF) << static_cast<unsigned short>(0xFFFF) << n;
+    }
+    Write(value.c_str(), n * unsigned(sizeof(wchar_t)));
+    return *this;
+}
+
+CKtArchive& CKtArchive::operator>>(KtString& value)
+{
+    if (!d->loading())
+        return *this;
+    int charSize = 0;
+    // The prefix is read as by AfxReadStringLength_Q; only the count matters.
+    const unsigned int length = static_cast<unsigned int>(AfxReadStringLength_Q(*this, charSize));
+    const unsigned long long bytes = 2ull * length;
+
+    // Short strings go through the stack; long ones grow with what actually
+    // arrives, a piece at a time.
+    quint16 small[256];
+    std::vector<quint16> large;
+    quint16* units = small;
+    if (length > std::size(small)) {
+        unsigned long long got = 0;
+        while (got < bytes) {
+            const unsigned long long piece = std::min(bytes - got, StringPiece);
+            large.resize(std::size_t((got + piece) / 2));
+            const unsigned int n
+                = Read(reinterpret_cast<unsigned char*>(large.data()) + got, unsigned(piece));
+            got += n;
+            if (n < piece)
+                return *this; // short read: the string keeps its old value
+        }
+        units = large.data();
+    } else if (Read(small, unsigned(bytes)) < bytes) {
+        return *this;
+    }
+
+    KtString result;
+    if (length) {
+        wchar_t* chars = result.getBuffer(int(length));
+        std::transform(units, units + length, chars, [](quint16 unit) { return wchar_t(unit); });
+        result.releaseBuffer(int(length));
+    }
+    value = std::move(result);
+    return *this;
+}
+
+void CKtArchive::WriteString(const wchar_t* text)
+{
+    if (text)
+        Write(text, unsigned(std::wcslen(text) * sizeof(wchar_t)));
+}
+
+wchar_t* CKtArchiveState::readLine(wchar_t* buffer, unsigned int max, bool stopAtEnd, CKtArchive* archive)
+{
+    const bool keepLineEnd = static_cast<int>(max) < 0;
+    const unsigned int stop = keepLineEnd ? 0u - max : max;
+    if (!buffer || stop == 0 || !loading())
+        return nullptr;
+    unsigned int stored = 0;
+    while (stored < stop) {
+        wchar_t ch = 0;
+        if (!loadCharacter(ch, archive) && stopAtEnd) {
+            if (stored == 0)
+                return nullptr;
+            break;
+        }
+        if (ch == 10 || ch == 13) {
+            // A carriage return takes the next character with it, taken to be the line feed.
+            if (ch == 13 && !loadCharacter(ch, archive) && stopAtEnd)
+                break;
+            if (keepLineEnd)
+                buffer[stored++] = ch;
+            else if (stored == 0)
+                return nullptr;
+            break;
+        }
+        buffer[stored++] = ch;
+    }
+    buffer[stored] = 0;
+    return buffer;
+}
+
+wchar_t* CKtArchive::ReadString(wchar_t* buffer, unsigned int max)
+{
+    return d->readLine(buffer, max, false, this);
+}
+
+bool CKtArchive::ReadString(KtString& text)
+{
+    constexpr int Part = 128;
+    text = KtString();
+    int length = 0;
+    wchar_t* chars = text.getBuffer(Part);
+    bool gotLine = false;
+    for (;;) {
+        // The end of the data ends the line: past it there would only be the
+        // stale bytes of the buffer, and never a line feed to stop at.
+        const wchar_t* part = d->readLine(chars + length, 0u - unsigned(Part), true, this);
+        text.releaseBuffer(-1);
+        if (!part)
+            break;
+        gotLine = true;
+        const int partLength = text.length() - length;
+        if (partLength < Part || text.at(text.length() - 1) == L'\n')
+            break;
+        length = text.length();
+        chars = text.getBuffer(length + Part);
+    }
+    const int total = text.length();
+    if (total > 0 && text.at(total - 1) == L'\n') {
+        text.getBuffer(total - 1);
+        text.releaseBuffer(total - 1);
+    }
+    return gotLine;
+}

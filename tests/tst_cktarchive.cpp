@@ -1,0 +1,646 @@
+#include "memorylendingfile.h"
+
+#include <CKtArchive>
+#include <CKtFile>
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cstring>
+#include <functional>
+#include <vector>
+
+namespace {
+
+/// A file on disk that records the counts of the calls the archive makes.
+class RecordingFile : public CKtFile
+{
+public:
+    using CKtFile::CKtFile;
+    std::vector<unsigned int> reads;
+    std::vector<unsigned int> writes;
+
+    unsigned int Read(void* buffer, unsigned int count) override
+    {
+        reads.push_back(count);
+        return CKtFile::Read(buffer, count);
+    }
+    void Write(const void* buffer, unsigned int count) override
+    {
+        writes.push_back(count);
+        CKtFile::Write(buffer, count);
+    }
+};
+
+QByteArray hex(const char* text)
+{
+    return QByteArray::fromHex(text);
+}
+
+std::vector<unsigned int> counts(std::initializer_list<unsigned int> list)
+{
+    return list;
+}
+
+} // namespace
+
+class tst_CKtArchive : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    int m_serial = 0;
+
+    QString newPath() { return m_dir.filePath(QStringLiteral("f%1.bin").arg(++m_serial)); }
+
+    /// The bytes an archive on a fresh file holds after @p fill and its destruction.
+    QByteArray stored(const std::function<void(CKtArchive&)>& fill, int bufferSize = 4096)
+    {
+        const QString path = newPath();
+        {
+            CKtFile file(path.toStdWString().c_str(), 1);
+            CKtArchive ar(&file, 0, bufferSize);
+            fill(ar);
+        }
+        QFile file(path);
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }
+
+    /// A loading archive over @p bytes, on a file on disk or on a lending file.
+    struct Loader
+    {
+        std::unique_ptr<CKtFile> file;
+        std::unique_ptr<CKtArchive> ar;
+    };
+    Loader loader(const QByteArray& bytes, bool lending = false, int bufferSize = 4096)
+    {
+        Loader l;
+        if (lending) {
+            l.file = std::make_unique<MemoryLendingFile>(bytes);
+        } else {
+            const QString path = newPath();
+            QFile out(path);
+            out.open(QIODevice::WriteOnly);
+            out.write(bytes);
+            out.close();
+            l.file = std::make_unique<CKtFile>(path.toStdWString().c_str(), 0);
+        }
+        l.ar = std::make_unique<CKtArchive>(l.file.get(), 1, bufferSize);
+        return l;
+    }
+
+private Q_SLOTS:
+    void lengthPrefix_data();
+    void lengthPrefix();
+    void valuesEncodeAndRoundTrip_data();
+    void valuesEncodeAndRoundTrip();
+    void wideLoadsReadAhead();
+    void stringOperators_data();
+    void stringOperators();
+    void stringReadShortKeepsOldValue_data();
+    void stringReadShortKeepsOldValue();
+    void readStringLine_data();
+    void readStringLine();
+    void readStringWholeLines_data();
+    void readStringWholeLines();
+    void bufferSizeAndCallerBuffer();
+    void blockTransfersBypassTheBuffer();
+    void flushOfLoadingArchiveGivesBytesBack();
+    void destructorModes_data();
+    void destructorModes();
+    void lentBuffersCarryTheSameBytes_data();
+    void lentBuffersCarryTheSameBytes();
+    void wrongDirectionAndDetached();
+};
+
+void tst_CKtArchive::lengthPrefix_data()
+{
+    QTest::addColumn<qulonglong>("length");
+    QTest::addColumn<int>("unicode");
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("5") << 5ull << 0 << hex("05");
+    QTest::newRow("5 marked") << 5ull << 1 << hex("fffeff05");
+    QTest::newRow("300") << 300ull << 0 << hex("ff2c01");
+    QTest::newRow("300 marked") << 300ull << 1 << hex("fffeffff2c01");
+    QTest::newRow("254") << 254ull << 0 << hex("fe");
+    QTest::newRow("255") << 255ull << 0 << hex("ffff00");
+    QTest::newRow("65533") << 65533ull << 0 << hex("fffdff");
+    QTest::newRow("65534") << 65534ull << 0 << hex("fffffffeff0000");
+    QTest::newRow("70000") << 70000ull << 0 << hex("ffffff70110100");
+    QTest::newRow("2^32-2") << 0xFFFFFFFEull << 0 << hex("fffffffeffffff");
+    QTest::newRow("2^32-1") << 0xFFFFFFFFull << 1
+                            << hex("fffeff"
+                                   "ffffffffffffffffffffff"
+                                   "00000000");
+    QTest::newRow("2^40") << (1ull << 40) << 0 << hex("ffffffffffffff0000000000010000");
+}
+
+void tst_CKtArchive::lengthPrefix()
+{
+    QFETCH(qulonglong, length);
+    QFETCH(int, unicode);
+    QFETCH(QByteArray, bytes);
+
+    QCOMPARE(stored([&](CKtArchive& ar) { AfxWriteStringLength_Q(ar, length, unicode); }), bytes);
+    for (bool lending : {false, true}) {
+        Loader l = loader(bytes, lending);
+        int charSize = 0;
+        QCOMPARE(AfxReadStringLength_Q(*l.ar, charSize), length);
+        QCOMPARE(charSize, unicode ? 2 : 1);
+    }
+}
+
+void tst_CKtArchive::valuesEncodeAndRoundTrip_data()
+{
+    QTest::addColumn<int>("bufferSize");
+    QTest::addColumn<bool>("lending");
+    QTest::newRow("own 4096") << 4096 << false;
+    QTest::newRow("own 128") << 128 << false;
+    QTest::newRow("lent 128") << 128 << true;
+}
+
+void tst_CKtArchive::valuesEncodeAndRoundTrip()
+{
+    QFETCH(int, bufferSize);
+    QFETCH(bool, lending);
+
+    // Little-endian, no padding; wchar_t keeps its low 16 bits, long its low 32.
+    const QByteArray one = hex("7f" // unsigned char
+                               "80" // char
+                               "01" // bool
+                               "3412" // unsigned short
+                               "00f6" // wchar_t U+1F600
+                               "feffffff" // int -2
+                               "78563412" // unsigned int
+                               "efcdab89" // long 0x0123456789abcdef
+                               "0000c03f" // float 1.5
+                               "000000000000f8bf" // double -1.5
+                               "0100000000000080" // long long
+                               "ffffffffffffffff"); // unsigned long long
+    auto fill = [](CKtArchive& ar) {
+        ar << static_cast<unsigned char>(0x7f) << static_cast<char>(-128) << true
+           << static_cast<unsigned short>(0x1234) << static_cast<wchar_t>(0x1F600) << -2 << 0x12345678u
+           << 0x0123456789abcdefL << 1.5f << -1.5 << static_cast<long long>(0x8000000000000001ull) << ~0ull;
+    };
+    // Enough values to cross the small buffer's end several times.
+    QByteArray expected;
+    for (int i = 0; i < 20; ++i)
+        expected += one;
+
+    QByteArray bytes;
+    if (lending) {
+        MemoryLendingFile file;
+        {
+            CKtArchive ar(&file, 0, bufferSize);
+            for (int i = 0; i < 20; ++i)
+                fill(ar);
+        }
+        bytes = file.content();
+        QVERIFY(file.commands[1] > 1);
+        QVERIFY(file.commands[2] > 1);
+    } else {
+        bytes = stored(
+            [&](CKtArchive& ar) {
+                for (int i = 0; i < 20; ++i)
+                    fill(ar);
+            },
+            bufferSize);
+    }
+    QCOMPARE(bytes.toHex(), expected.toHex());
+
+    Loader l = loader(bytes, lending, bufferSize);
+    for (int i = 0; i < 20; ++i) {
+        unsigned char uc = 0;
+        char c = 0;
+        bool b = false;
+        unsigned short us = 0;
+        wchar_t wc = 0;
+        int n = 0;
+        unsigned int u = 0;
+        long lo = 0;
+        float f = 0;
+        double db = 0;
+        long long ll = 0;
+        unsigned long long ull = 0;
+        *l.ar >> uc >> c >> b >> us >> wc >> n >> u >> lo >> f >> db >> ll >> ull;
+        QCOMPARE(quint16(wc), 0xF600); // the high halves of wide loads: see wideLoadsReadAhead
+        QCOMPARE(uc, 0x7f);
+        QCOMPARE(c, char(-128));
+        QVERIFY(b);
+        QCOMPARE(us, 0x1234);
+        QCOMPARE(n, -2);
+        QCOMPARE(u, 0x12345678u);
+        QCOMPARE(quint32(lo), 0x89abcdefu);
+        QCOMPARE(f, 1.5f);
+        QCOMPARE(db, -1.5);
+        QCOMPARE(ll, static_cast<long long>(0x8000000000000001ull));
+        QCOMPARE(ull, ~0ull);
+    }
+}
+
+void tst_CKtArchive::wideLoadsReadAhead()
+{
+    Loader l = loader(hex("0100000002000000"
+                          "41004200"
+                          "02"));
+    long lo = 0;
+    int next = 0;
+    *l.ar >> lo >> next;
+    QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, high half read again below
+    QCOMPARE(next, 2);
+    wchar_t a = 0, b = 0;
+    *l.ar >> a >> b;
+    QCOMPARE(quint32(a), 0x00420041u);
+    QCOMPARE(quint32(b), 0x00020042u);
+    bool flag = false;
+    *l.ar >> flag;
+    QVERIFY(flag); // any non-zero byte
+}
+
+void tst_CKtArchive::stringOperators_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QVector<uint>>("characters");
+    QTest::addColumn<int>("unreadInt");
+
+    QTest::newRow("plain") << hex("0241004200") << QVector<uint>{0x41, 0x42} << 0;
+    QTest::newRow("marker skipped") << hex("fffeff0241004200") << QVector<uint>{0x41, 0x42} << 0;
+    QTest::newRow("written 4-byte units") << hex("024100000042000000") << QVector<uint>{0x41, 0} << 0x42;
+    QTest::newRow("surrogates stay apart") << hex("023dd800de") << QVector<uint>{0xD83D, 0xDE00} << 0;
+    QTest::newRow("16-bit length") << QByteArray(hex("ff0001") + QByteArray(512, 'a'))
+                                   << QVector<uint>(256, 0x6161) << 0;
+    QTest::newRow("64-bit length cut to 32 bits") << hex("ffffffffffffff0100000001000000"
+                                                         "4100")
+                                                  << QVector<uint>{0x41} << 0;
+    QTest::newRow("empty") << hex("00") << QVector<uint>{} << 0;
+}
+
+void tst_CKtArchive::stringOperators()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QVector<uint>, characters);
+    QFETCH(int, unreadInt);
+
+    Loader l = loader(bytes);
+    KtString text(L"old");
+    int rest = 0;
+    *l.ar >> text >> rest;
+    QCOMPARE(text.length(), characters.size());
+    for (int i = 0; i < characters.size(); ++i)
+        QCOMPARE(uint(text.at(i)), characters.at(i));
+    if (unreadInt)
+        QCOMPARE(rest, unreadInt);
+
+    // Writing uses 4-byte units behind a prefix without marker.
+    QCOMPARE(stored([](CKtArchive& ar) { ar << KtString(L"AB"); }), hex("024100000042000000"));
+    for (int length : {254, 255, 65533, 65534, 70000}) {
+        const QByteArray out = stored(
+            [&](CKtArchive& ar) { ar << KtString(std::wstring(std::size_t(length), L'x').c_str()); });
+        const int prefix = length < 255 ? 1 : length < 65534 ? 3 : 7;
+        QCOMPARE(out.size(), prefix + 4 * length);
+        Loader back = loader(out.left(prefix));
+        int charSize = 0;
+        QCOMPARE(AfxReadStringLength_Q(*back.ar, charSize), qulonglong(length));
+    }
+}
+
+void tst_CKtArchive::stringReadShortKeepsOldValue_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("two of five") << hex("0541004200");
+    QTest::newRow("huge 32-bit length") << hex("ffffffffffff7f41004200");
+    QTest::newRow("length wraps when doubled") << hex("ffffff01000080"
+                                                      "4100420043004400");
+    QTest::newRow("long but short") << QByteArray(hex("ffa00f") + QByteArray(3000, 'a'));
+}
+
+void tst_CKtArchive::stringReadShortKeepsOldValue()
+{
+    QFETCH(QByteArray, bytes);
+    for (bool lending : {false, true}) {
+        Loader l = loader(bytes, lending, 128);
+        KtString text(L"kept");
+        *l.ar >> text;
+        QCOMPARE(text, KtString(L"kept"));
+    }
+}
+
+// Characters are compared and stored as the 4 bytes at the read position while
+// only 2 are consumed, so a value carries the next unit in its high half and a
+// line end is seen only where a 10 or 13 unit is followed by a zero unit.
+void tst_CKtArchive::readStringLine_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("max");
+    QTest::addColumn<bool>("isNull");
+    QTest::addColumn<QVector<uint>>("line");
+    QTest::addColumn<uint>("nextCharacter"); // 0: past the data, not checked
+
+    const QByteArray abcd = hex("41004200430044000a00");
+    const QVector<uint> abcdValues{0x420041, 0x430042, 0x440043, 0x0a0044};
+    QTest::newRow("line") << abcd << 10 << false << abcdValues << 0u;
+    QTest::newRow("line end kept") << abcd << -10 << false << (abcdValues + QVector<uint>{10}) << 0u;
+    QTest::newRow("maximum reached") << abcd << 2 << false << abcdValues.mid(0, 2) << 0x440043u;
+    QTest::newRow("negative maximum reached") << abcd << -3 << false << abcdValues.mid(0, 3) << 0x0a0044u;
+    QTest::newRow("zero maximum") << abcd << 0 << true << QVector<uint>{} << 0x420041u;
+    QTest::newRow("empty line") << hex("0a000000") << 10 << true << QVector<uint>{} << 0u;
+    QTest::newRow("empty line kept") << hex("0a000000") << -10 << false << QVector<uint>{10} << 0u;
+    QTest::newRow("4-byte units") << hex("410000000a000000") << 10 << false << QVector<uint>{0x41, 0xa0000}
+                                  << 0u;
+    QTest::newRow("CR before LF unseen")
+        << hex("0d000a000000") << 10 << false << QVector<uint>{0xA000D} << 0u;
+    const QByteArray cr = hex("41000d00000042000a00");
+    QTest::newRow("CR swallows next") << cr << 10 << false << QVector<uint>{0xd0041} << 0xa0042u;
+    QTest::newRow("CR next kept") << cr << -10 << false << QVector<uint>{0xd0041, 0x420000} << 0xa0042u;
+    QTest::newRow("empty file") << QByteArray() << 3 << false << QVector<uint>{0, 0, 0} << 0u;
+}
+
+void tst_CKtArchive::readStringLine()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, max);
+    QFETCH(bool, isNull);
+    QFETCH(QVector<uint>, line);
+    QFETCH(uint, nextCharacter);
+
+    Loader l = loader(bytes);
+    std::vector<wchar_t> buffer(std::size_t(std::abs(max)) + 1, L'#');
+    const wchar_t* result = l.ar->ReadString(buffer.data(), unsigned(max));
+    QCOMPARE(result == nullptr, isNull);
+    if (!isNull) {
+        QCOMPARE(result, buffer.data());
+        for (int i = 0; i < line.size(); ++i)
+            QCOMPARE(uint(buffer[std::size_t(i)]), line.at(i));
+        QCOMPARE(buffer[std::size_t(line.size())], L'\0');
+    }
+    wchar_t next = 0;
+    *l.ar >> next;
+    if (nextCharacter)
+        QCOMPARE(uint(next), nextCharacter);
+    QVERIFY(!l.ar->ReadString(nullptr, 10));
+}
+
+namespace {
+
+/// The bytes WriteString gives for @p text: 4 bytes per character.
+QByteArray wide(const std::wstring& text)
+{
+    return QByteArray(reinterpret_cast<const char*>(text.data()), int(text.size() * sizeof(wchar_t)));
+}
+
+/// What ReadString stores for @p line written with WriteString and ended by a line
+/// feed: each character, then the zero unit carrying the next character in its high half.
+QVector<uint> readBackValues(const std::wstring& line)
+{
+    QVector<uint> values;
+    for (std::size_t i = 0; i < line.size(); ++i)
+        values << uint(line[i]) << (uint(i + 1 < line.size() ? line[i + 1] : L'\n') << 16);
+    return values;
+}
+
+} // namespace
+
+void tst_CKtArchive::readStringWholeLines_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QVector<QVector<uint>>>("lines");
+
+    // The zero unit behind the last line feed is a last, empty line.
+    QTest::newRow("two lines") << wide(
+        L"ab\nc\n") << QVector<QVector<uint>>{{0x61, 0x620000, 0x62, 0xa0000}, {0x630000, 0x63, 0xa0000}, {}};
+    // The trailing zero unit reads as a terminator, which ends the stored text.
+    QTest::newRow("no final line feed") << wide(L"ab") << QVector<QVector<uint>>{{0x61, 0x620000, 0x62}};
+    const std::wstring longLine(200, L'x');
+    QTest::newRow("longer than a part")
+        << wide(longLine + L"\n") << QVector<QVector<uint>>{readBackValues(longLine), {}};
+    const std::wstring part(64, L'p'); // 128 values, the last one being 0xa0000
+    QTest::newRow("exactly a part") << wide(part + L"\n") << QVector<QVector<uint>>{readBackValues(part), {}};
+    const QString utf16 = QStringLiteral("one\ntwo\n");
+    QTest::newRow("2-byte text is one line")
+        << QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2)
+        << QVector<QVector<uint>>{{0x6e006f, 0x65006e, 0x0a0065, 0x74000a, 0x770074, 0x6f0077, 0x0a006f}};
+    QTest::newRow("empty") << QByteArray() << QVector<QVector<uint>>{};
+}
+
+void tst_CKtArchive::readStringWholeLines()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QVector<QVector<uint>>, lines);
+
+    // A buffer larger than the text: at a buffer's end the high half of a
+    // character would come from behind the data (see valuesEncodeAndRoundTrip).
+    for (bool lending : {false, true}) {
+        Loader l = loader(bytes, lending, 4096);
+        QVector<QVector<uint>> got;
+        KtString line(L"before");
+        while (l.ar->ReadString(line) && got.size() <= lines.size())
+            got << QVector<uint>(line.c_str(), line.c_str() + line.length());
+        QCOMPARE(got, lines);
+        QVERIFY(line.isEmpty());
+    }
+}
+
+void tst_CKtArchive::bufferSizeAndCallerBuffer()
+{
+    // Below 128 bytes the caller's buffer is ignored and 128 bytes are allocated.
+    QByteArray small(100, '\xAA');
+    const QByteArray smallOut = stored([&](CKtArchive& ar) {
+        ar.Write(QByteArray(127, 'a').constData(), 127);
+        ar << static_cast<unsigned char>('b') << static_cast<unsigned char>('c');
+        QCOMPARE(small, QByteArray(100, '\xAA'));
+    });
+    QCOMPARE(smallOut, QByteArray(127, 'a') + "bc");
+
+    // From 128 up it is used as is, and never freed (it lives on the stack here).
+    unsigned char caller[4096];
+    std::memset(caller, 0, sizeof caller);
+    const QString path = newPath();
+    RecordingFile file(path.toStdWString().c_str(), 1);
+    {
+        CKtArchive ar(&file, 0, sizeof caller, caller);
+        ar << 0x11223344;
+        QCOMPARE(caller[0], 0x44);
+        ar.Write(QByteArray(4092, 'x').constData(), 4092);
+        QVERIFY(file.writes.empty());
+        ar << 'y';
+        QCOMPARE(file.writes, counts({4096}));
+        ar.Abort();
+    }
+    QCOMPARE(file.writes, counts({4096})); // the aborted archive lost the buffered 'y'
+}
+
+void tst_CKtArchive::blockTransfersBypassTheBuffer()
+{
+    const QString path = newPath();
+    QByteArray content(12000, '\0');
+    for (int i = 0; i < content.size(); ++i)
+        content[i] = char(i * 7);
+    {
+        QFile out(path);
+        out.open(QIODevice::WriteOnly);
+        out.write(content);
+    }
+    {
+        RecordingFile file(path.toStdWString().c_str(), 0);
+        CKtArchive ar(&file, 1, 4096);
+        QByteArray got(10000, '\0');
+        QCOMPARE(ar.Read(got.data(), 10000), 10000u);
+        QCOMPARE(file.reads, counts({8192, 4096}));
+        QCOMPARE(got, content.left(10000));
+        QCOMPARE(ar.Read(got.data(), 0), 0u);
+        QCOMPARE(ar.Read(nullptr, 10), 0u);
+        QCOMPARE(ar.Read(got.data(), 5000), 2000u); // the file ends
+        QCOMPARE(got.left(2000), content.mid(10000));
+    }
+    {
+        RecordingFile file(newPath().toStdWString().c_str(), 1);
+        CKtArchive ar(&file, 0, 128);
+        ar.Write(content.constData(), 300);
+        QCOMPARE(file.writes, counts({128, 128}));
+        ar.Flush();
+        QCOMPARE(file.writes, counts({128, 128, 44}));
+        ar.Write(content.constData(), 0);
+        ar.Write(nullptr, 10);
+        QCOMPARE(file.writes.size(), std::size_t(3));
+        ar.Write(content.constData() + 300, 128); // fills the empty buffer, no direct write
+        QCOMPARE(file.writes.size(), std::size_t(3));
+        ar.Close();
+        QCOMPARE(file.writes, counts({128, 128, 44, 128}));
+        file.close();
+        file.open(QIODevice::ReadOnly);
+        QCOMPARE(file.readAll(), content.left(428));
+    }
+}
+
+void tst_CKtArchive::flushOfLoadingArchiveGivesBytesBack()
+{
+    Loader l = loader(QByteArray(20, 'z'));
+    unsigned char head[15];
+    QCOMPARE(l.ar->Read(head, 15), 15u);
+    QCOMPARE(l.file->GetPosition(), 20ull);
+    l.ar->Flush();
+    QCOMPARE(l.file->GetPosition(), 15ull);
+    l.ar->Flush();
+    QCOMPARE(l.file->GetPosition(), 15ull);
+}
+
+void tst_CKtArchive::destructorModes_data()
+{
+    QTest::addColumn<uint>("mode");
+    QTest::addColumn<qulonglong>("filePosition");
+    QTest::newRow("0 storing, flushed") << 0u << 3ull;
+    QTest::newRow("1 loading, bytes given back") << 1u << 3ull;
+    QTest::newRow("2 storing, bytes lost") << 2u << 0ull;
+    QTest::newRow("3 loading, file left behind the buffer") << 3u << 10ull;
+}
+
+void tst_CKtArchive::destructorModes()
+{
+    QFETCH(uint, mode);
+    QFETCH(qulonglong, filePosition);
+
+    const QString path = newPath();
+    const bool loading = mode & 1;
+    if (loading) {
+        QFile out(path);
+        out.open(QIODevice::WriteOnly);
+        out.write(QByteArray(10, 'r'));
+    }
+    CKtFile file(path.toStdWString().c_str(), loading ? 0 : 1);
+    {
+        CKtArchive ar(&file, mode, 4096);
+        QCOMPARE(ar.IsLoading(), loading ? 1 : 0);
+        QCOMPARE(ar.IsStoring(), loading ? 0 : 1);
+        unsigned char bytes[3] = {1, 2, 3};
+        if (loading)
+            ar.Read(bytes, 3);
+        else
+            ar.Write(bytes, 3);
+    }
+    QCOMPARE(file.GetPosition(), filePosition);
+    QVERIFY(file.isOpen()); // the archive never closes its file
+}
+
+void tst_CKtArchive::lentBuffersCarryTheSameBytes_data()
+{
+    QTest::addColumn<uint>("capabilities");
+    QTest::newRow("direct") << 1u;
+    QTest::newRow("direct, blocking") << 3u;
+    QTest::newRow("blocking only") << 2u;
+}
+
+void tst_CKtArchive::lentBuffersCarryTheSameBytes()
+{
+    QFETCH(uint, capabilities);
+
+    QByteArray block(1000, '\0');
+    for (int i = 0; i < block.size(); ++i)
+        block[i] = char(i);
+    auto fill = [&](CKtArchive& ar) {
+        ar << 7 << KtString(L"lent");
+        ar.Write(block.constData(), block.size());
+        ar << 2.5;
+        ar.WriteString(L"tail\n");
+    };
+    const QByteArray expected = stored(fill, 128);
+
+    MemoryLendingFile out(QByteArray(), capabilities);
+    {
+        CKtArchive ar(&out, 0, 128);
+        fill(ar);
+    }
+    QCOMPARE(out.content().toHex(), expected.toHex());
+    QCOMPARE(out.commands[1] > 0, bool(capabilities & 1));
+
+    MemoryLendingFile in(expected, capabilities);
+    CKtArchive ar(&in, 1, 128);
+    int seven = 0;
+    unsigned char prefix = 0;
+    ar >> seven >> prefix;
+    QCOMPARE(seven, 7);
+    QCOMPARE(prefix, 4);
+    QByteArray chars(16, '\0');
+    QCOMPARE(ar.Read(chars.data(), 16), 16u);
+    QByteArray got(block.size(), '\0');
+    QCOMPARE(ar.Read(got.data(), unsigned(got.size())), unsigned(got.size()));
+    QCOMPARE(got, block);
+    double d = 0;
+    ar >> d;
+    QCOMPARE(d, 2.5);
+    QCOMPARE(in.commands[0] > 0, bool(capabilities & 1));
+    QCOMPARE(in.commands[3], 2); // capabilities asked twice, once for blocking and once for direct
+}
+
+void tst_CKtArchive::wrongDirectionAndDetached()
+{
+    Loader l = loader(hex("2a000000"));
+    *l.ar << 5; // nothing on a loading archive
+    KtString text(L"same");
+    int n = 0;
+    *l.ar >> n;
+    QCOMPARE(n, 42);
+
+    const QString path = newPath();
+    CKtFile file(path.toStdWString().c_str(), 1);
+    CKtArchive ar(&file, 0, 128);
+    ar >> n >> text;
+    QCOMPARE(n, 42);
+    QCOMPARE(text, KtString(L"same"));
+    wchar_t line[4];
+    QVERIFY(!ar.ReadString(line, 3));
+    QCOMPARE(ar.Read(line, 4), 0u);
+    ar.Close();
+    ar.Close();
+    ar << 1 << KtString(L"after close");
+    ar.Flush();
+    ar.Abort();
+    ar.Abort();
+    ar << 1; // the buffer is gone: nothing is written anywhere
+    QCOMPARE(file.GetLength(), 0ull);
+}
+
+QTEST_GUILESS_MAIN(tst_CKtArchive)
+#include "tst_cktarchive.moc"
