@@ -13,6 +13,9 @@ class QTreeWidgetItem;
  * lists and ignores the others.
  */
 
+/// The foundation-class unsigned integer; signals keep this name in their signatures.
+typedef unsigned int UINT;
+
 // Tree item state bits (stored in the item's state role).
 constexpr unsigned int TVIS_SELECTED = 0x0002;
 constexpr unsigned int TVIS_CUT = 0x0004;
