@@ -34,7 +34,7 @@ const void* bufferSlotOf(const CKtFile* file)
     static_assert(sizeof(representation) == sizeof(function), "Itanium member function pointers expected");
     std::memcpy(&representation, &function, sizeof representation);
     const void* const* vtable;
-    std::memcpy(&vtable, file, sizeof vtable);
+    std::memcpy(&vtable, static_cast<const void*>(file), sizeof vtable);
     return vtable[(representation.pointer - 1) / sizeof(void*)];
 }
 
@@ -185,12 +185,15 @@ unsigned int CKtFile::Read(void* buffer, unsigned int count)
 {
     if (!buffer || count == 0)
         return 0;
+    // The device's answer for a closed or write-only file, without its warning.
+    if (!isReadable())
+        return static_cast<unsigned int>(-1);
     return static_cast<unsigned int>(read(static_cast<char*>(buffer), count));
 }
 
 void CKtFile::Write(const void* buffer, unsigned int count)
 {
-    if (buffer && count)
+    if (buffer && count && isWritable())
         write(static_cast<const char*>(buffer), count);
 }
 
