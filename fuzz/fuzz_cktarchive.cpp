@@ -34,28 +34,52 @@ const std::wstring& scratchPath()
     return path;
 }
 
-template<typename T>
+template <typename T>
 void extract(CKtArchive& ar)
 {
-    T value {};
+    T value{};
     ar >> value;
 }
 
 void runOperation(CKtArchive& ar, uint8_t op, std::size_t contentSize)
 {
     switch (op % 20) {
-    case 0: extract<unsigned char>(ar); break;
-    case 1: extract<char>(ar); break;
-    case 2: extract<bool>(ar); break;
-    case 3: extract<unsigned short>(ar); break;
-    case 4: extract<wchar_t>(ar); break;
-    case 5: extract<int>(ar); break;
-    case 6: extract<unsigned int>(ar); break;
-    case 7: extract<long>(ar); break;
-    case 8: extract<float>(ar); break;
-    case 9: extract<double>(ar); break;
-    case 10: extract<long long>(ar); break;
-    case 11: extract<unsigned long long>(ar); break;
+    case 0:
+        extract<unsigned char>(ar);
+        break;
+    case 1:
+        extract<char>(ar);
+        break;
+    case 2:
+        extract<bool>(ar);
+        break;
+    case 3:
+        extract<unsigned short>(ar);
+        break;
+    case 4:
+        extract<wchar_t>(ar);
+        break;
+    case 5:
+        extract<int>(ar);
+        break;
+    case 6:
+        extract<unsigned int>(ar);
+        break;
+    case 7:
+        extract<long>(ar);
+        break;
+    case 8:
+        extract<float>(ar);
+        break;
+    case 9:
+        extract<double>(ar);
+        break;
+    case 10:
+        extract<long long>(ar);
+        break;
+    case 11:
+        extract<unsigned long long>(ar);
+        break;
     case 12: {
         KtString text(L"old");
         ar >> text;
@@ -91,8 +115,12 @@ void runOperation(CKtArchive& ar, uint8_t op, std::size_t contentSize)
         FUZZ_CHECK(ar.Read(buffer.data(), count) <= count);
         break;
     }
-    case 18: ar.Flush(); break;
-    case 19: ar.FillBuffer(op); break;
+    case 18:
+        ar.Flush();
+        break;
+    case 19:
+        ar.FillBuffer(op);
+        break;
     }
 }
 

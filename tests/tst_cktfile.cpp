@@ -182,11 +182,25 @@ void tst_CKtFile::names_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("fullPath");
 
-    QTest::newRow("double extension") << "/d/x.tar.gz" << "x.tar.gz" << "x" << "/d/x.tar.gz";
-    QTest::newRow("no extension") << "/d/readme" << "readme" << "readme" << "/d/readme";
-    QTest::newRow("relative") << "sub/a.b" << "a.b" << "a" << QDir::current().absoluteFilePath("sub/a.b");
-    QTest::newRow("hidden") << "/d/.profile" << ".profile" << "" << "/d/.profile";
-    QTest::newRow("empty") << "" << "" << "" << "";
+    QTest::newRow("double extension") << "/d/x.tar.gz"
+                                      << "x.tar.gz"
+                                      << "x"
+                                      << "/d/x.tar.gz";
+    QTest::newRow("no extension") << "/d/readme"
+                                  << "readme"
+                                  << "readme"
+                                  << "/d/readme";
+    QTest::newRow("relative") << "sub/a.b"
+                              << "a.b"
+                              << "a" << QDir::current().absoluteFilePath("sub/a.b");
+    QTest::newRow("hidden") << "/d/.profile"
+                            << ".profile"
+                            << ""
+                            << "/d/.profile";
+    QTest::newRow("empty") << ""
+                           << ""
+                           << ""
+                           << "";
 }
 
 void tst_CKtFile::names()

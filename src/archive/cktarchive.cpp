@@ -50,7 +50,7 @@ long long CKtArchiveState::lend(unsigned int command)
 }
 
 CKtArchive::CKtArchive(CKtFile* file, unsigned int mode, int bufferSize, void* buffer)
-    : d(std::make_unique<CKtArchiveState>())
+    : d(new CKtArchiveState)
 {
     if (file) {
         d->m_strFileName = file->GetFilePath();
@@ -280,8 +280,19 @@ void CKtArchive::Abort()
     }
 }
 
-bool CKtArchiveState::loadSlow(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive)
+// Consumes @p consumed bytes and copies @p width bytes from the read position
+// into @p value, filling the buffer first when fewer than @p consumed are left.
+// Past the end of the data the bytes are whatever the buffer holds; past the end
+// of the memory they read as 0 and the position stays at that end. Without any
+// buffer (an aborted archive) @p value is left as it is. Returns false when the
+// consumed bytes were not all data.
+bool CKtArchiveState::load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive)
 {
+    if (m_lpBufCur && available() >= std::ptrdiff_t(width)) {
+        std::memcpy(value, m_lpBufCur, width);
+        m_lpBufCur += consumed;
+        return true;
+    }
     if (available() < std::ptrdiff_t(consumed))
         archive->FillBuffer(unsigned(std::ptrdiff_t(consumed) - available()));
     if (!m_lpBufCur)
@@ -294,4 +305,18 @@ bool CKtArchiveState::loadSlow(void* value, std::size_t consumed, std::size_t wi
     std::memset(static_cast<unsigned char*>(value) + copied, 0, width - copied);
     m_lpBufCur += std::min(consumed, inMemory);
     return data;
+}
+
+CKtArchive& CKtArchive::putSlow(const void* value, std::size_t size)
+{
+    if (!d->loading())
+        d->store(value, size, this);
+    return *this;
+}
+
+CKtArchive& CKtArchive::getSlow(void* value, std::size_t consumed, std::size_t width)
+{
+    if (d->loading())
+        d->load(value, consumed, width, this);
+    return *this;
 }

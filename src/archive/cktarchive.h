@@ -4,10 +4,61 @@
 
 #include <KtString>
 
+#include <QtGlobal>
+
+#include <cstddef>
+#include <cstring>
 #include <memory>
 
 class CKtFile;
-class CKtArchiveState;
+class CKtArchive;
+
+/**
+ * @brief The state record of a CKtArchive.
+ *
+ * Only the archive reads and writes it. The classic fields come first and in
+ * their classic order; the last ones keep every access inside memory the archive
+ * may touch.
+ */
+class CKtArchiveState
+{
+public:
+    CKtArchiveState() = default;
+    CKtArchiveState(const CKtArchiveState&) = delete;
+    CKtArchiveState& operator=(const CKtArchiveState&) = delete;
+
+private:
+    friend class CKtArchive;
+
+    int m_bDirectBuffer = 0;
+    int m_bBlocking = 0;
+    KtString m_strFileName;
+    CKtFile* m_pFile = nullptr;
+    unsigned int m_nMode = 0;
+    int m_bUserBuf = 0;
+    unsigned int m_nBufSize = 0;
+    unsigned char* m_lpBufCur = nullptr;
+    unsigned char* m_lpBufMax = nullptr;
+    unsigned char* m_lpBufStart = nullptr;
+
+    /// End of the memory behind m_lpBufStart: the own or caller buffer, or the lent one.
+    unsigned char* m_lpBufEnd = nullptr;
+    /// The file replaces CKtFile::GetBufferPtr, so the protocol may be used.
+    bool m_bFileLends = false;
+    /// The archive allocated m_lpBufStart and frees it.
+    bool m_bOwnsBuffer = false;
+
+    bool loading() const { return m_nMode & 1u; }
+    /// Bytes between the read or write position and m_lpBufMax; negative after an over-read.
+    std::ptrdiff_t available() const { return m_lpBufMax - m_lpBufCur; }
+
+    unsigned int bufferPtr(unsigned int command, unsigned int count, void** start, void** max) const;
+    long long lend(unsigned int command);
+    void store(const void* value, std::size_t size, CKtArchive* archive);
+    bool load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive);
+    bool loadCharacter(wchar_t& ch, CKtArchive* archive);
+    wchar_t* readLine(wchar_t* buffer, unsigned int max, bool stopAtEnd, CKtArchive* archive);
+};
 
 /**
  * @brief A one-direction buffered byte stream over a CKtFile, with the
@@ -59,45 +110,51 @@ public:
     /// Detach without flushing; an archive-allocated buffer is freed.
     void Abort();
 
-    CKtArchive& operator<<(unsigned char value);
-    CKtArchive& operator<<(char value);
+    CKtArchive& operator<<(unsigned char value) { return put(value); }
+    CKtArchive& operator<<(char value) { return put(static_cast<unsigned char>(value)); }
     /// One byte, 0 or 1.
-    CKtArchive& operator<<(bool value);
-    CKtArchive& operator<<(unsigned short value);
+    CKtArchive& operator<<(bool value) { return put(static_cast<unsigned char>(value ? 1 : 0)); }
+    CKtArchive& operator<<(unsigned short value) { return put(value); }
     /// The low 16 bits of the character.
-    CKtArchive& operator<<(wchar_t value);
-    CKtArchive& operator<<(int value);
-    CKtArchive& operator<<(unsigned int value);
+    CKtArchive& operator<<(wchar_t value) { return put(static_cast<quint16>(value)); }
+    CKtArchive& operator<<(int value) { return put(value); }
+    CKtArchive& operator<<(unsigned int value) { return put(value); }
     /// The low 32 bits.
-    CKtArchive& operator<<(long value);
-    CKtArchive& operator<<(float value);
-    CKtArchive& operator<<(double value);
-    CKtArchive& operator<<(long long value);
-    CKtArchive& operator<<(unsigned long long value);
+    CKtArchive& operator<<(long value) { return put(static_cast<quint32>(value)); }
+    CKtArchive& operator<<(float value) { return put(value); }
+    CKtArchive& operator<<(double value) { return put(value); }
+    CKtArchive& operator<<(long long value) { return put(value); }
+    CKtArchive& operator<<(unsigned long long value) { return put(value); }
     /// Length prefix (no marker), then 4 bytes per character.
     CKtArchive& operator<<(const KtString& value);
 
-    CKtArchive& operator>>(unsigned char& value);
-    CKtArchive& operator>>(char& value);
+    CKtArchive& operator>>(unsigned char& value) { return get(value); }
+    CKtArchive& operator>>(char& value) { return get(value); }
     /// Any non-zero byte reads as true.
-    CKtArchive& operator>>(bool& value);
-    CKtArchive& operator>>(unsigned short& value);
+    CKtArchive& operator>>(bool& value)
+    {
+        unsigned char byte = value ? 1 : 0;
+        get(byte);
+        value = byte != 0;
+        return *this;
+    }
+    CKtArchive& operator>>(unsigned short& value) { return get(value); }
     /**
      * Consumes 2 bytes but fills all 4 bytes of @p value from the read
      * position: the high half comes from the next, still unread, 2 bytes.
      */
-    CKtArchive& operator>>(wchar_t& value);
-    CKtArchive& operator>>(int& value);
-    CKtArchive& operator>>(unsigned int& value);
+    CKtArchive& operator>>(wchar_t& value) { return get(value, 2); }
+    CKtArchive& operator>>(int& value) { return get(value); }
+    CKtArchive& operator>>(unsigned int& value) { return get(value); }
     /**
      * Consumes 4 bytes but fills all 8 bytes of @p value from the read
      * position: the high half comes from the next, still unread, 4 bytes.
      */
-    CKtArchive& operator>>(long& value);
-    CKtArchive& operator>>(float& value);
-    CKtArchive& operator>>(double& value);
-    CKtArchive& operator>>(long long& value);
-    CKtArchive& operator>>(unsigned long long& value);
+    CKtArchive& operator>>(long& value) { return get(value, 4); }
+    CKtArchive& operator>>(float& value) { return get(value); }
+    CKtArchive& operator>>(double& value) { return get(value); }
+    CKtArchive& operator>>(long long& value) { return get(value); }
+    CKtArchive& operator>>(unsigned long long& value) { return get(value); }
     /**
      * Length prefix (a Unicode marker is skipped), then 2 bytes per character,
      * each widened on its own. A short read leaves @p value unchanged.
@@ -120,6 +177,33 @@ public:
     bool ReadString(KtString& text);
 
 private:
+    // The typed operators' fast path is inline; whatever needs the file, or
+    // meets the buffer's end, goes through the out-of-line slow path.
+    template <typename T>
+    CKtArchive& put(T value)
+    {
+        CKtArchiveState& s = *d;
+        if (Q_LIKELY(!(s.m_nMode & 1u) && s.m_lpBufMax - s.m_lpBufCur >= std::ptrdiff_t(sizeof(T)))) {
+            std::memcpy(s.m_lpBufCur, &value, sizeof(T));
+            s.m_lpBufCur += sizeof(T);
+            return *this;
+        }
+        return putSlow(&value, sizeof(T));
+    }
+    template <typename T>
+    CKtArchive& get(T& value, std::size_t consumed = sizeof(T))
+    {
+        CKtArchiveState& s = *d;
+        if (Q_LIKELY((s.m_nMode & 1u) && s.m_lpBufMax - s.m_lpBufCur >= std::ptrdiff_t(sizeof(T)))) {
+            std::memcpy(&value, s.m_lpBufCur, sizeof(T));
+            s.m_lpBufCur += consumed;
+            return *this;
+        }
+        return getSlow(&value, consumed, sizeof(T));
+    }
+    CKtArchive& putSlow(const void* value, std::size_t size);
+    CKtArchive& getSlow(void* value, std::size_t consumed, std::size_t width);
+
     friend class CKtArchiveState;
     std::unique_ptr<CKtArchiveState> d;
 };
