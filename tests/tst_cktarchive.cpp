@@ -112,6 +112,7 @@ private Q_SLOTS:
     void destructorModes();
     void lentBuffersCarryTheSameBytes_data();
     void lentBuffersCarryTheSameBytes();
+    void refusedLentBuffers();
     void wrongDirectionAndDetached();
 };
 
@@ -275,6 +276,10 @@ void tst_CKtArchive::stringOperators_data()
     QTest::newRow("64-bit length cut to 32 bits") << hex("ffffffffffffff0100000001000000"
                                                          "4100")
                                                   << QVector<uint>{0x41} << 0;
+    QTest::newRow("marker, 16-bit length")
+        << QByteArray(hex("fffeffff0001") + QByteArray(512, 'b')) << QVector<uint>(256, 0x6262) << 0;
+    QTest::newRow("read in pieces") << QByteArray(hex("ff0101") + QByteArray(514, 'c'))
+                                    << QVector<uint>(257, 0x6363) << 0;
     QTest::newRow("empty") << hex("00") << QVector<uint>{} << 0;
 }
 
@@ -612,6 +617,35 @@ void tst_CKtArchive::lentBuffersCarryTheSameBytes()
     QCOMPARE(d, 2.5);
     QCOMPARE(in.commands[0] > 0, bool(capabilities & 1));
     QCOMPARE(in.commands[3], 2); // capabilities asked twice, once for blocking and once for direct
+}
+
+void tst_CKtArchive::refusedLentBuffers()
+{
+    QByteArray block(300, '\0');
+    for (int i = 0; i < block.size(); ++i)
+        block[i] = char(i);
+    // Every write buffer refused: typed values are dropped, whole buffers still
+    // go straight to the file.
+    MemoryLendingFile out;
+    out.lengthSkew = -1;
+    {
+        CKtArchive ar(&out, 0, 128);
+        ar << 1 << 2.0;
+        ar.Write(block.constData(), 300);
+        ar << KtString(L"dropped");
+    }
+    QCOMPARE(out.content(), block.left(256));
+
+    // A refused read buffer ends Read with 0, even after a direct transfer.
+    MemoryLendingFile in(block);
+    in.lengthSkew = 1;
+    CKtArchive ar(&in, 1, 128);
+    QByteArray got(200, '\0');
+    QCOMPARE(ar.Read(got.data(), 200), 0u);
+    QCOMPARE(got.left(128), block.left(128));
+    int untouched = 7;
+    ar >> untouched;
+    QCOMPARE(untouched, 7);
 }
 
 void tst_CKtArchive::wrongDirectionAndDetached()

@@ -136,6 +136,10 @@ void tst_CKtFile::seek_data()
     QTest::newRow("end -11 refused") << qint64(5) << qint64(-11) << 2u << qint64(5);
     QTest::newRow("origin 3") << qint64(5) << qint64(1) << 3u << qint64(5);
     QTest::newRow("origin 7") << qint64(5) << qint64(4) << 7u << qint64(5);
+    QTest::newRow("current, largest offset")
+        << qint64(5) << std::numeric_limits<qint64>::max() << 1u << qint64(5);
+    QTest::newRow("end, smallest offset")
+        << qint64(5) << std::numeric_limits<qint64>::min() << 2u << qint64(5);
     QTest::newRow("beyond 32 bits refused") << qint64(5) << (qint64(1) << 32) << 0u << qint64(5);
 }
 
@@ -308,6 +312,7 @@ void tst_CKtFile::readWriteCounts()
     QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu); // the device's -1, as it is
     writeOnly.close();
     QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu);
+    QCOMPARE(writeOnly.Read(buffer, 0), 0xFFFFFFFFu);
 }
 
 QTEST_GUILESS_MAIN(tst_CKtFile)

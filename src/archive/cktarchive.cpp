@@ -40,9 +40,12 @@ long long CKtArchiveState::lend(unsigned int command)
     const unsigned int length = bufferPtr(command, m_nBufSize, &start, &max);
     const auto* first = static_cast<unsigned char*>(start);
     const auto* last = static_cast<unsigned char*>(max);
-    // A buffer whose length does not match its pointers is refused; the
-    // archive then keeps the buffer it had.
+    // A buffer whose length does not match its pointers, or a write buffer of
+    // another size than the archive's, is refused: the archive then keeps the
+    // buffer it had, so that its position never points into another one.
     if (last < first || length != std::size_t(last - first) || (length && !first))
+        return -1;
+    if (command == LendWriteBuffer && length != m_nBufSize)
         return -1;
     m_lpBufStart = static_cast<unsigned char*>(start);
     m_lpBufMax = m_lpBufEnd = static_cast<unsigned char*>(max);
@@ -267,17 +270,26 @@ void CKtArchive::Close()
 {
     Flush();
     d->m_pFile = nullptr;
+    d->forgetLentBuffer();
 }
 
 void CKtArchive::Abort()
 {
     d->m_pFile = nullptr;
+    d->forgetLentBuffer();
     if (d->m_bOwnsBuffer) {
         delete[] d->m_lpBufStart;
         d->m_bOwnsBuffer = false;
         // Nothing may touch the freed memory again.
         d->m_lpBufStart = d->m_lpBufCur = d->m_lpBufMax = d->m_lpBufEnd = nullptr;
     }
+}
+
+void CKtArchiveState::forgetLentBuffer()
+{
+    // A lent buffer belongs to the file, which may go away once detached.
+    if (m_bDirectBuffer)
+        m_lpBufStart = m_lpBufCur = m_lpBufMax = m_lpBufEnd = nullptr;
 }
 
 // Consumes @p consumed bytes and copies @p width bytes from the read position

@@ -54,6 +54,7 @@ private:
 
     unsigned int bufferPtr(unsigned int command, unsigned int count, void** start, void** max) const;
     long long lend(unsigned int command);
+    void forgetLentBuffer();
     void store(const void* value, std::size_t size, CKtArchive* archive);
     bool load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive);
     bool loadCharacter(wchar_t& ch, CKtArchive* archive);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <limits>
+#include <new>
 #include <vector>
 
 namespace {
@@ -92,36 +94,44 @@ CKtArchive& CKtArchive::operator>>(KtString& value)
     int charSize = 0;
     // The prefix is read as by AfxReadStringLength_Q; only the count matters.
     const unsigned int length = static_cast<unsigned int>(AfxReadStringLength_Q(*this, charSize));
+    // Beyond INT_MAX characters no string can hold them and their byte count no
+    // longer fits the 32-bit transfer: that is a short read as well.
+    if (length > unsigned(std::numeric_limits<int>::max()))
+        return *this;
     const unsigned long long bytes = 2ull * length;
 
-    // Short strings go through the stack; long ones grow with what actually
-    // arrives, a piece at a time.
-    quint16 small[256];
-    std::vector<quint16> large;
-    quint16* units = small;
-    if (length > std::size(small)) {
-        unsigned long long got = 0;
-        while (got < bytes) {
-            const unsigned long long piece = std::min(bytes - got, StringPiece);
-            large.resize(std::size_t((got + piece) / 2));
-            const unsigned int n
-                = Read(reinterpret_cast<unsigned char*>(large.data()) + got, unsigned(piece));
-            got += n;
-            if (n < piece)
-                return *this; // short read: the string keeps its old value
+    try {
+        // Short strings go through the stack; long ones grow with what actually
+        // arrives, a piece at a time.
+        quint16 small[256];
+        std::vector<quint16> large;
+        quint16* units = small;
+        if (length > std::size(small)) {
+            unsigned long long got = 0;
+            while (got < bytes) {
+                const unsigned long long piece = std::min(bytes - got, StringPiece);
+                large.resize(std::size_t((got + piece) / 2));
+                const unsigned int n
+                    = Read(reinterpret_cast<unsigned char*>(large.data()) + got, unsigned(piece));
+                got += n;
+                if (n < piece)
+                    return *this; // short read: the string keeps its old value
+            }
+            units = large.data();
+        } else if (Read(small, unsigned(bytes)) < bytes) {
+            return *this;
         }
-        units = large.data();
-    } else if (Read(small, unsigned(bytes)) < bytes) {
-        return *this;
-    }
 
-    KtString result;
-    if (length) {
-        wchar_t* chars = result.getBuffer(int(length));
-        std::transform(units, units + length, chars, [](quint16 unit) { return wchar_t(unit); });
-        result.releaseBuffer(int(length));
+        KtString result;
+        if (length) {
+            wchar_t* chars = result.getBuffer(int(length));
+            std::transform(units, units + length, chars, [](quint16 unit) { return wchar_t(unit); });
+            result.releaseBuffer(int(length));
+        }
+        value = std::move(result);
+    } catch (const std::bad_alloc&) {
+        // A string the memory cannot hold is not read: the target keeps its value.
     }
-    value = std::move(result);
     return *this;
 }
 

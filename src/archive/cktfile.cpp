@@ -147,16 +147,15 @@ unsigned long long CKtFile::Seek(long long offset, unsigned int from)
     // Size and position are deliberately cut to 32 bits.
     const long long size = static_cast<qint32>(this->size());
     const long long position = static_cast<qint32>(pos());
+    long long target;
     if (from == 2) {
-        if (offset <= 0 && size + offset >= 0)
-            seek(size + offset);
+        if (offset <= 0 && !__builtin_add_overflow(size, offset, &target) && target >= 0)
+            seek(target);
     } else if (from == 0 && offset >= 0) {
         if (offset < size)
             seek(offset);
-    } else {
-        const long long target = position + offset;
-        if (target >= 0 && target < size)
-            seek(target);
+    } else if (!__builtin_add_overflow(position, offset, &target) && target >= 0 && target < size) {
+        seek(target);
     }
     return GetPosition();
 }
@@ -183,11 +182,11 @@ unsigned long long CKtFile::GetLength() const
 
 unsigned int CKtFile::Read(void* buffer, unsigned int count)
 {
-    if (!buffer || count == 0)
-        return 0;
     // The device's answer for a closed or write-only file, without its warning.
     if (!isReadable())
         return static_cast<unsigned int>(-1);
+    if (!buffer || count == 0)
+        return 0;
     return static_cast<unsigned int>(read(static_cast<char*>(buffer), count));
 }
 

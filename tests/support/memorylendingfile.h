@@ -27,6 +27,8 @@ public:
     QByteArray content() const { return m_bytes.left(int(m_size)); }
     /// How often each GetBufferPtr command (0 to 3) was given.
     std::array<int, 4> commands{};
+    /// Added to the length of every lent buffer, so that it no longer matches its pointers.
+    int lengthSkew = 0;
 
     unsigned int GetBufferPtr(unsigned int command, unsigned int count, void** start, void** max) override
     {
@@ -38,13 +40,13 @@ public:
             *start = m_bytes.data() + m_position;
             *max = m_bytes.data() + m_position + length;
             m_position += length;
-            return unsigned(length);
+            return unsigned(length + lengthSkew);
         }
         case 1:
             reserve(m_position + count);
             *start = m_bytes.data() + m_position;
             *max = m_bytes.data() + m_position + count;
-            return count;
+            return unsigned(count + lengthSkew);
         case 2:
             m_position += count;
             m_size = std::max(m_size, m_position);
