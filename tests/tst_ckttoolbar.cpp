@@ -18,22 +18,6 @@ QColor stripColor(int x)
     return QColor(x, 40, 255 - x);
 }
 
-// A BMP strip of @p width x 15 pixels: a colour per column below a light-grey top row.
-std::wstring writeStrip(const QTemporaryDir& dir, int width)
-{
-    QImage image(width, 15, QImage::Format_RGB32);
-    QPainter painter(&image);
-    for (int x = 0; x < width; ++x) {
-        painter.setPen(stripColor(x));
-        painter.drawLine(x, 1, x, 14);
-    }
-    painter.setPen(kLightGrey);
-    painter.drawLine(0, 0, width - 1, 0);
-    painter.end();
-    const QString path = dir.filePath(QString("strip%1.bmp").arg(width));
-    return image.save(path, "BMP") ? path.toStdWString() : std::wstring();
-}
-
 QIcon marker()
 {
     QPixmap pixmap(16, 15);
@@ -47,290 +31,258 @@ class TestCKtToolBar : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_dir;
+    std::unique_ptr<CKtToolBar> m_bar;
+
+    // A BMP strip of @p width x 15 pixels: a colour per column below a light-grey top row.
+    QString writeStrip(int width)
+    {
+        QImage image(width, 15, QImage::Format_RGB32);
+        QPainter painter(&image);
+        for (int x = 0; x < width; ++x) {
+            painter.setPen(stripColor(x));
+            painter.drawLine(x, 1, x, 14);
+        }
+        painter.setPen(kLightGrey);
+        painter.drawLine(0, 0, width - 1, 0);
+        painter.end();
+        const QString path = m_dir.filePath(QString("strip%1.bmp").arg(width));
+        return image.save(path, "BMP") ? path : QString();
+    }
+
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_dir.isValid()); }
     void init() { m_bar = std::make_unique<CKtToolBar>(nullptr); }
     void cleanup() { m_bar.reset(); }
 
-    void construction();
-    void addButton_data();
-    void addButton();
-    void loadToolBar();
-    void loadBitmap_data();
-    void loadBitmap();
-    void queries();
-    void updateToolBarSize_data();
-    void updateToolBarSize();
-    void dockBar_data();
-    void dockBar();
+    void addAndLoadButtons()
+    {
+        // AddButton makes a new button, never adding the caller's action; without an
+        // action 0 comes back, yet the button is there. Files that do not load add nothing.
+        const QString file = writeStrip(16), missing = m_dir.filePath("none.bmp");
+        const std::wstring wide = file.toStdWString();
+        QAction own("own");
+        QCOMPARE(m_bar->AddButton(marker(), &own), 1);
+        QCOMPARE(m_bar->AddButton(marker(), nullptr), 0);
+        QCOMPARE(m_bar->AddButton(file, &own), 1);
+        QCOMPARE(m_bar->AddButton(wide.c_str(), &own), 1);
+        QCOMPARE(m_bar->AddButton(missing, &own), 0);
+        QCOMPARE(m_bar->AddButton(static_cast<const wchar_t*>(nullptr), &own), 0);
+        QCOMPARE(m_bar->GetButtonCount(), 4);
+        QVERIFY(!m_bar->actions().contains(&own));
+        // File icons keep their light grey: the mask never reaches them.
+        QCOMPARE(m_bar->LoadIcon(file).pixmap(16, 15).toImage().pixelColor(8, 0), kLightGrey);
+        QVERIFY(m_bar->LoadIcon(missing).isNull());
 
-private:
-    QTemporaryDir m_dir;
-    std::unique_ptr<CKtToolBar> m_bar;
-};
+        CKtToolBar fromActions;
+        QAction a("a"), b("b"), separator;
+        separator.setSeparator(true);
+        QCOMPARE(fromActions.LoadToolBar(QList<QAction*>{}, 1), 0);
+        QCOMPARE(fromActions.LoadToolBar({&a, nullptr, &separator}, 0), 1);
+        QCOMPARE(fromActions.LoadToolBar({&b, &separator}, 1), 1);
+        QVERIFY(!a.isCheckable() && b.isCheckable() && !separator.isCheckable());
+        QCOMPARE(fromActions.actions(), (QList<QAction*>{&a, &b, &separator}));
 
-void TestCKtToolBar::construction()
-{
-    QWidget parent;
-    CKtToolBar bar(&parent);
-    QCOMPARE(bar.parentWidget(), &parent);
-    QCOMPARE(bar.GetToolBarCtrl(), &bar);
-    QCOMPARE(bar.iconSize(), QSize(16, 15));
-    QCOMPARE(bar.GetButtonStyle(), Qt::ToolButtonIconOnly);
-    const QString rule("QToolBar QToolButton:%1{background-color:#a4d4ff;}");
-    QCOMPARE(bar.styleSheet(),
-        "QToolBar {border:none;}\t\t  " + rule.arg("hover") + "\t\t  " + rule.arg("selected") + "\t\t  "
-            + rule.arg("checked") + "\t\t  " + rule.arg("pressed")
-            + "      QToolBar::separator{width:1px;height:23px;background:rgb(54,59,66);}");
-    QCOMPARE(bar.styleSheet().size(), 332);
-}
+        // From files: the ones that do not load are dropped, the others are checkable.
+        CKtToolBar fromFiles;
+        QCOMPARE(fromFiles.LoadToolBar(QStringList{}), 0);
+        QCOMPARE(fromFiles.LoadToolBar(QStringList{missing}), 1);
+        QCOMPARE(fromFiles.LoadToolBar(QStringList{file, missing, file}), 1);
+        QCOMPARE(fromFiles.GetButtonCount(), 2);
+        for (QAction* button : fromFiles.GetListActions())
+            QVERIFY(button->isCheckable() && !button->parent());
+    }
 
-void TestCKtToolBar::addButton_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<bool>("withAction");
-    QTest::addColumn<int>("result");
-    QTest::addColumn<int>("buttons");
+    void loadBitmap_data()
+    {
+        QTest::addColumn<int>("stripWidth"); // 0: no file
+        QTest::addColumn<int>("hidden"); // index of a hidden button, or -1
+        QTest::addColumn<int>("result");
+        QTest::addColumn<int>("sliceWidth");
+        QTest::addColumn<QList<int>>("slices"); // per button: the slice it shows, or -1
 
-    QTest::newRow("icon, action") << "icon" << true << 1 << 1;
-    QTest::newRow("icon, no action") << "icon" << false << 0 << 1;
-    QTest::newRow("null icon") << "null" << true << 0 << 0;
-    QTest::newRow("file path") << "file" << true << 1 << 1;
-    QTest::newRow("missing file") << "missing" << false << 0 << 0;
-    QTest::newRow("wide file path") << "wide" << true << 1 << 1;
-    QTest::newRow("null wide path") << "null wide" << true << 0 << 0;
-}
+        QTest::newRow("160 wide, 12 buttons")
+            << 160 << -1 << 1 << 16 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, -1};
+        QTest::newRow("40 wide: two slices of 20") << 40 << -1 << 1 << 20 << QList<int>{0, 1, -1};
+        QTest::newRow("hidden button takes a slice") << 48 << 1 << 1 << 16 << QList<int>{0, -1, 2, -1};
+        QTest::newRow("narrower than an icon") << 15 << -1 << 0 << 0 << QList<int>{-1};
+        QTest::newRow("missing file") << 0 << -1 << 0 << 0 << QList<int>{-1};
+        QTest::newRow("no buttons") << 160 << -1 << 0 << 0 << QList<int>{};
+    }
 
-void TestCKtToolBar::addButton()
-{
-    QFETCH(QString, source);
-    QFETCH(bool, withAction);
-    QFETCH(int, result);
-    QFETCH(int, buttons);
+    void loadBitmap()
+    {
+        QFETCH(int, stripWidth);
+        QFETCH(int, hidden);
+        QFETCH(int, result);
+        QFETCH(int, sliceWidth);
+        QFETCH(QList<int>, slices);
 
-    const std::wstring file = writeStrip(m_dir, 16);
-    const QString path = QString::fromStdWString(file), missing = m_dir.filePath("none.bmp");
-    QAction own("own");
-    QAction* action = withAction ? &own : nullptr;
-    int got = -1;
-    if (source == "icon" || source == "null")
-        got = m_bar->AddButton(source == "icon" ? marker() : QIcon(), action);
-    else if (source == "file" || source == "missing")
-        got = m_bar->AddButton(source == "file" ? path : missing, action);
-    else
-        got = m_bar->AddButton(source == "wide" ? file.c_str() : nullptr, action);
-    QCOMPARE(got, result);
-    QCOMPARE(m_bar->GetButtonCount(), buttons);
-    QVERIFY(!m_bar->actions().contains(&own)); // a new button, never the caller's action
+        m_bar->AddSeparator(nullptr); // separators take no slice
+        for (int i = 0; i < slices.size(); ++i)
+            m_bar->addAction(marker(), QString());
+        if (hidden >= 0)
+            m_bar->GetListActions().at(hidden)->setVisible(false);
+        const QString path = stripWidth ? writeStrip(stripWidth) : "/nonexistent/strip.bmp";
+        QCOMPARE(m_bar->LoadBitmap(path.toStdWString().c_str()), result);
+        QCOMPARE(m_bar->LoadBitmap(nullptr), 0);
 
-    // File icons keep their light grey: the mask never reaches them.
-    QCOMPARE(m_bar->LoadIcon(path).pixmap(16, 15).toImage().pixelColor(8, 0), kLightGrey);
-    QVERIFY(m_bar->LoadIcon(missing).isNull());
-}
-
-void TestCKtToolBar::loadToolBar()
-{
-    QAction a("a"), b("b"), separator;
-    separator.setSeparator(true);
-    QCOMPARE(m_bar->LoadToolBar(QList<QAction*>{}, 1), 0);
-    QCOMPARE(m_bar->LoadToolBar({&a, nullptr, &separator}, 0), 1);
-    QCOMPARE(m_bar->LoadToolBar({&b, &separator}, 1), 1);
-    QVERIFY(!a.isCheckable() && b.isCheckable() && !separator.isCheckable());
-    QCOMPARE(m_bar->actions(), (QList<QAction*>{&a, &b, &separator}));
-
-    // From files: the ones that do not load are dropped, the others are checkable.
-    CKtToolBar fromFiles;
-    const QString file = QString::fromStdWString(writeStrip(m_dir, 16)), missing = m_dir.filePath("none.bmp");
-    QCOMPARE(fromFiles.LoadToolBar(QStringList{}), 0);
-    QCOMPARE(fromFiles.LoadToolBar(QStringList{missing}), 1);
-    QCOMPARE(fromFiles.LoadToolBar(QStringList{file, missing, file}), 1);
-    QCOMPARE(fromFiles.GetButtonCount(), 2);
-    for (QAction* button : fromFiles.GetListActions())
-        QVERIFY(button->isCheckable() && !button->parent());
-}
-
-void TestCKtToolBar::loadBitmap_data()
-{
-    QTest::addColumn<int>("stripWidth"); // 0: no file
-    QTest::addColumn<int>("hidden"); // index of a hidden button, or -1
-    QTest::addColumn<int>("result");
-    QTest::addColumn<int>("sliceWidth");
-    QTest::addColumn<QList<int>>("slices"); // per button: the slice it shows, or -1
-
-    QTest::newRow("160 wide, 12 buttons")
-        << 160 << -1 << 1 << 16 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, -1};
-    QTest::newRow("40 wide: two slices of 20") << 40 << -1 << 1 << 20 << QList<int>{0, 1, -1};
-    QTest::newRow("hidden button takes a slice") << 48 << 1 << 1 << 16 << QList<int>{0, -1, 2, -1};
-    QTest::newRow("narrower than an icon") << 15 << -1 << 0 << 0 << QList<int>{-1};
-    QTest::newRow("missing file") << 0 << -1 << 0 << 0 << QList<int>{-1};
-    QTest::newRow("no buttons") << 160 << -1 << 0 << 0 << QList<int>{};
-}
-
-void TestCKtToolBar::loadBitmap()
-{
-    QFETCH(int, stripWidth);
-    QFETCH(int, hidden);
-    QFETCH(int, result);
-    QFETCH(int, sliceWidth);
-    QFETCH(QList<int>, slices);
-
-    m_bar->AddSeparator(nullptr); // separators take no slice
-    for (int i = 0; i < slices.size(); ++i)
-        m_bar->addAction(marker(), QString());
-    if (hidden >= 0)
-        m_bar->GetListActions().at(hidden)->setVisible(false);
-    const std::wstring path = stripWidth ? writeStrip(m_dir, stripWidth) : L"/nonexistent/strip.bmp";
-    QCOMPARE(m_bar->LoadBitmap(path.c_str()), result);
-    QCOMPARE(m_bar->LoadBitmap(nullptr), 0);
-
-    for (int i = 0; i < slices.size(); ++i) {
-        const QIcon icon = m_bar->GetListActions().at(i)->icon();
-        if (slices[i] < 0) {
-            QCOMPARE(icon.pixmap(16, 15).toImage().pixelColor(8, 8), QColor(Qt::black));
-            continue;
+        for (int i = 0; i < slices.size(); ++i) {
+            const QIcon icon = m_bar->GetListActions().at(i)->icon();
+            if (slices[i] < 0) {
+                QCOMPARE(icon.pixmap(16, 15).toImage().pixelColor(8, 8), QColor(Qt::black));
+                continue;
+            }
+            QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(sliceWidth, 15)});
+            const QImage image = icon.pixmap(sliceWidth, 15).toImage();
+            const int left = slices[i] * sliceWidth;
+            QCOMPARE(image.pixelColor(0, 1), stripColor(left));
+            QCOMPARE(image.pixelColor(sliceWidth - 1, 14), stripColor(left + sliceWidth - 1));
+            QCOMPARE(qAlpha(image.pixel(sliceWidth / 2, 0)), 0); // light grey is transparent
         }
-        QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(sliceWidth, 15)});
-        const QImage image = icon.pixmap(sliceWidth, 15).toImage();
-        const int left = slices[i] * sliceWidth;
-        QCOMPARE(image.pixelColor(0, 1), stripColor(left));
-        QCOMPARE(image.pixelColor(sliceWidth - 1, 14), stripColor(left + sliceWidth - 1));
-        QCOMPARE(qAlpha(image.pixel(sliceWidth / 2, 0)), 0); // light grey is transparent
     }
-}
 
-void TestCKtToolBar::queries()
-{
-    QWidget window;
-    auto* bar = new CKtToolBar(&window);
-    QCOMPARE(bar->CommandToIndex(nullptr), -1);
-    QCOMPARE(bar->GetItemID(0), nullptr);
-    QAction* a = bar->addAction("Open");
-    QCOMPARE(bar->AddSeparator(a), 1);
-    QAction* b = bar->addAction(marker(), QString());
-    QAction* c = bar->addAction("c");
-    QAction foreign;
+    void queries()
+    {
+        QWidget window;
+        auto* bar = new CKtToolBar(&window);
+        QCOMPARE(bar->parentWidget(), &window);
+        QCOMPARE(bar->GetToolBarCtrl(), bar);
+        QCOMPARE(bar->GetButtonStyle(), Qt::ToolButtonIconOnly);
+        const QString rule("QToolBar QToolButton:%1{background-color:#a4d4ff;}");
+        QCOMPARE(bar->styleSheet(),
+            "QToolBar {border:none;}\t\t  " + rule.arg("hover") + "\t\t  " + rule.arg("selected") + "\t\t  "
+                + rule.arg("checked") + "\t\t  " + rule.arg("pressed")
+                + "      QToolBar::separator{width:1px;height:23px;background:rgb(54,59,66);}");
 
-    QCOMPARE(bar->CommandToIndex(b), 1);
-    QCOMPARE(bar->CommandToIndex(&foreign), 3); // one past the last button, not -1
-    QCOMPARE(bar->GetItemID(2), b); // separators count here
-    QVERIFY(bar->GetItemID(1)->isSeparator());
-    QCOMPARE(bar->GetItemID(4), nullptr);
-    QCOMPARE(bar->GetItemID(-1), nullptr);
+        QCOMPARE(bar->CommandToIndex(nullptr), -1);
+        QAction* a = bar->addAction("Open");
+        QCOMPARE(bar->AddSeparator(a), 1);
+        QAction* b = bar->addAction(marker(), QString());
+        QAction* c = bar->addAction("c");
+        QAction foreign;
+        QCOMPARE(bar->CommandToIndex(b), 1);
+        QCOMPARE(bar->CommandToIndex(&foreign), 3); // one past the last button, not -1
+        QCOMPARE(bar->GetItemID(2), b); // separators count here
+        QVERIFY(bar->GetItemID(1)->isSeparator());
+        QCOMPARE(bar->GetItemID(4), nullptr);
+        QCOMPARE(bar->GetItemID(-1), nullptr);
 
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QRect geometry = bar->actionGeometry(c);
-    QVERIFY(geometry.isValid());
-    tagRECT rect{-9, -9, -9, -9}, untouched = rect;
-    bar->GetItemRect(3, &rect);
-    QCOMPARE(QRect(QPoint(rect.left, rect.top), QPoint(rect.right, rect.bottom)), geometry); // inclusive
-    bar->GetItemRect(4, &untouched);
-    bar->GetItemRect(-1, &untouched);
-    bar->GetItemRect(0, nullptr);
-    QCOMPARE(untouched.left + untouched.top + untouched.right + untouched.bottom, -36);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QRect geometry = bar->actionGeometry(c);
+        QVERIFY(geometry.isValid());
+        tagRECT rect{-9, -9, -9, -9}, untouched = rect;
+        bar->GetItemRect(3, &rect);
+        QCOMPARE(QRect(QPoint(rect.left, rect.top), QPoint(rect.right, rect.bottom)), geometry); // inclusive
+        bar->GetItemRect(4, &untouched);
+        bar->GetItemRect(-1, &untouched);
+        bar->GetItemRect(0, nullptr);
+        QCOMPARE(untouched.left + untouched.top + untouched.right + untouched.bottom, -36);
 
-    // The icon text is written; text() shows it only where no text was set.
-    const QList<int> indices{-1, 0, 1, 3, 4};
-    const QStringList readBack{"", "Open", "新", "", ""};
-    for (int i = 0; i < indices.size(); ++i) {
-        QCOMPARE(bar->SetButtonText(indices[i], L"新"), int(!readBack[i].isEmpty()));
-        QString out("stale");
-        bar->GetButtonText(indices[i], out);
-        QCOMPARE(out, readBack[i]);
+        // The icon text is written; text() shows it only where no text was set.
+        const QList<int> indices{-1, 0, 1, 3};
+        const QStringList readBack{"", "Open", "新", ""};
+        for (int i = 0; i < indices.size(); ++i) {
+            QCOMPARE(bar->SetButtonText(indices[i], L"新"), int(!readBack[i].isEmpty()));
+            QString out("stale");
+            bar->GetButtonText(indices[i], out);
+            QCOMPARE(out, readBack[i]);
+        }
+        QCOMPARE(a->iconText(), QString("新"));
+
+        for (int value : {1, 0, 2, -1}) {
+            b->setCheckable(true);
+            b->setChecked(value != 1);
+            b->setEnabled(value != 1);
+            QCOMPARE(bar->CheckButton(b, value) + bar->EnableButton(b, value), 2);
+            QVERIFY(b->isChecked() == (value == 1) && b->isEnabled() == (value == 1));
+        }
+        QCOMPARE(bar->CheckButton(nullptr, 1) + bar->EnableButton(nullptr, 1), 0);
+
+        QCOMPARE(bar->DeleteButton(nullptr) + bar->DeleteButton(b), 2);
+        QCOMPARE(bar->GetButtonCount(), 2);
+        QCOMPARE(b->parent(), static_cast<QObject*>(bar)); // taken off, not deleted
     }
-    QCOMPARE(a->iconText(), QString("新"));
 
-    for (int value : {1, 0, 2, -1}) {
-        b->setCheckable(true);
-        b->setChecked(value != 1);
-        b->setEnabled(value != 1);
-        QCOMPARE(bar->CheckButton(b, value) + bar->EnableButton(b, value), 2);
-        QVERIFY(b->isChecked() == (value == 1) && b->isEnabled() == (value == 1));
+    void updateToolBarSize_data()
+    {
+        QTest::addColumn<QSize>("icon");
+        QTest::addColumn<int>("style");
+        QTest::addColumn<QString>("actions"); // "b" a button, "-" a separator
+        QTest::addColumn<int>("setWidth");
+        QTest::addColumn<QSize>("fixed"); // -1: not fixed
+
+        const int iconOnly = Qt::ToolButtonIconOnly;
+        QTest::newRow("3 buttons, 1 separator") << QSize(16, 15) << iconOnly << "bb-b" << 1 << QSize(77, 23);
+        QTest::newRow("height only") << QSize(16, 15) << iconOnly << "bb-b" << 0 << QSize(-1, 23);
+        QTest::newRow("separators, icon 24x20") << QSize(24, 20) << iconOnly << "-b-" << 5 << QSize(46, 28);
+        QTest::newRow("text beside icon")
+            << QSize(16, 15) << int(Qt::ToolButtonTextBesideIcon) << "bb-b" << 1 << QSize(-1, -1);
+        QTest::newRow("empty") << QSize(16, 15) << iconOnly << "" << 1 << QSize(-1, -1);
     }
-    QCOMPARE(bar->CheckButton(nullptr, 1) + bar->EnableButton(nullptr, 1), 0);
 
-    QCOMPARE(bar->DeleteButton(nullptr) + bar->DeleteButton(b), 2);
-    QCOMPARE(bar->GetButtonCount(), 2);
-    QCOMPARE(b->parent(), static_cast<QObject*>(bar)); // taken off, not deleted
-}
+    void updateToolBarSize()
+    {
+        QFETCH(QSize, icon);
+        QFETCH(int, style);
+        QFETCH(QString, actions);
+        QFETCH(int, setWidth);
+        QFETCH(QSize, fixed);
 
-void TestCKtToolBar::updateToolBarSize_data()
-{
-    QTest::addColumn<QSize>("icon");
-    QTest::addColumn<int>("style");
-    QTest::addColumn<int>("buttons");
-    QTest::addColumn<int>("separators");
-    QTest::addColumn<int>("setWidth");
-    QTest::addColumn<QSize>("fixed"); // -1: not fixed
+        m_bar->SetSizes(QSize(99, 99), icon);
+        m_bar->SetButtonStyle(Qt::ToolButtonStyle(style));
+        for (QChar kind : actions) {
+            if (kind == '-')
+                m_bar->AddSeparator();
+            else
+                m_bar->addAction(marker(), QString());
+        }
+        m_bar->UpdateToolBarSize(setWidth);
+        const QSize unfixed(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        QCOMPARE(m_bar->maximumWidth(), fixed.width() < 0 ? unfixed.width() : fixed.width());
+        QCOMPARE(m_bar->maximumHeight(), fixed.height() < 0 ? unfixed.height() : fixed.height());
+        QCOMPARE(m_bar->minimumSize(), fixed.expandedTo(QSize(0, 0)));
+    }
 
-    const int iconOnly = Qt::ToolButtonIconOnly;
-    QTest::newRow("3 buttons, 1 separator") << QSize(16, 15) << iconOnly << 3 << 1 << 1 << QSize(77, 23);
-    QTest::newRow("height only") << QSize(16, 15) << iconOnly << 3 << 1 << 0 << QSize(-1, 23);
-    QTest::newRow("separators, icon 24x20") << QSize(24, 20) << iconOnly << 1 << 2 << 5 << QSize(46, 28);
-    QTest::newRow("text beside icon")
-        << QSize(16, 15) << int(Qt::ToolButtonTextBesideIcon) << 3 << 1 << 1 << QSize(-1, -1);
-    QTest::newRow("empty") << QSize(16, 15) << iconOnly << 0 << 0 << 1 << QSize(-1, -1);
-}
+    void dockBar_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QRect>("geometry");
+        QTest::addColumn<int>("orientation");
 
-void TestCKtToolBar::updateToolBarSize()
-{
-    QFETCH(QSize, icon);
-    QFETCH(int, style);
-    QFETCH(int, buttons);
-    QFETCH(int, separators);
-    QFETCH(int, setWidth);
-    QFETCH(QSize, fixed);
+        const QRect before(5, 6, 70, 30);
+        QTest::newRow("CBRS_LEFT") << int(CBRS_LEFT) << QRect(0, 0, 24, 300) << int(Qt::Vertical);
+        QTest::newRow("CBRS_TOP") << int(CBRS_TOP) << QRect(0, 0, 400, 23) << int(Qt::Horizontal);
+        QTest::newRow("CBRS_RIGHT") << int(CBRS_RIGHT) << QRect(376, 0, 24, 300) << int(Qt::Vertical);
+        QTest::newRow("CBRS_BOTTOM") << int(CBRS_BOTTOM) << QRect(0, 277, 400, 23) << int(Qt::Horizontal);
+        QTest::newRow("CBRS_ALIGN_LEFT alone") << int(CBRS_ALIGN_LEFT) << before << int(Qt::Horizontal);
+        QTest::newRow("negative") << -1 << before << int(Qt::Horizontal);
+    }
 
-    m_bar->SetSizes(QSize(99, 99), icon);
-    m_bar->SetButtonStyle(Qt::ToolButtonStyle(style));
-    for (int i = 0; i < buttons; ++i)
-        m_bar->addAction(marker(), QString());
-    for (int i = 0; i < separators; ++i)
-        m_bar->AddSeparator();
-    m_bar->UpdateToolBarSize(setWidth);
-    const QSize unfixed(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    QCOMPARE(m_bar->maximumWidth(), fixed.width() < 0 ? unfixed.width() : fixed.width());
-    QCOMPARE(m_bar->maximumHeight(), fixed.height() < 0 ? unfixed.height() : fixed.height());
-    QCOMPARE(m_bar->minimumSize(), fixed.expandedTo(QSize(0, 0)));
-}
+    void dockBar()
+    {
+        QFETCH(int, code);
+        QFETCH(QRect, geometry);
+        QFETCH(int, orientation);
 
-void TestCKtToolBar::dockBar_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QRect>("geometry");
-    QTest::addColumn<int>("orientation");
+        QWidget parent;
+        parent.resize(400, 300);
+        CKtToolBar bar(&parent);
+        bar.addAction(marker(), QString());
+        bar.setGeometry(QRect(5, 6, 70, 30));
+        parent.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&parent));
+        bar.DockBar(code);
+        QCOMPARE(bar.geometry(), geometry);
+        QCOMPARE(int(bar.orientation()), orientation);
 
-    const QRect before(5, 6, 70, 30);
-    QTest::newRow("CBRS_LEFT") << int(CBRS_LEFT) << QRect(0, 0, 24, 300) << int(Qt::Vertical);
-    QTest::newRow("CBRS_TOP") << int(CBRS_TOP) << QRect(0, 0, 400, 23) << int(Qt::Horizontal);
-    QTest::newRow("CBRS_RIGHT") << int(CBRS_RIGHT) << QRect(376, 0, 24, 300) << int(Qt::Vertical);
-    QTest::newRow("CBRS_BOTTOM") << int(CBRS_BOTTOM) << QRect(0, 277, 400, 23) << int(Qt::Horizontal);
-    QTest::newRow("CBRS_ALIGN_LEFT alone") << int(CBRS_ALIGN_LEFT) << before << int(Qt::Horizontal);
-    QTest::newRow("negative") << -1 << before << int(Qt::Horizontal);
-}
-
-void TestCKtToolBar::dockBar()
-{
-    QFETCH(int, code);
-    QFETCH(QRect, geometry);
-    QFETCH(int, orientation);
-
-    QWidget parent;
-    parent.resize(400, 300);
-    CKtToolBar bar(&parent);
-    bar.addAction(marker(), QString());
-    bar.setGeometry(QRect(5, 6, 70, 30));
-    parent.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&parent));
-    bar.DockBar(code);
-    QCOMPARE(bar.geometry(), geometry);
-    QCOMPARE(int(bar.orientation()), orientation);
-
-    // Without a parent nothing moves.
-    m_bar->setGeometry(QRect(5, 6, 70, 30));
-    m_bar->DockBar(code);
-    QCOMPARE(m_bar->geometry(), QRect(5, 6, 70, 30));
-}
+        // Without a parent nothing moves.
+        m_bar->setGeometry(QRect(5, 6, 70, 30));
+        m_bar->DockBar(code);
+        QCOMPARE(m_bar->geometry(), QRect(5, 6, 70, 30));
+    }
+};
 
 QTEST_MAIN(TestCKtToolBar)
 #include "tst_ckttoolbar.moc"
