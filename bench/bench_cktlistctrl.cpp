@@ -255,16 +255,6 @@ void BM_QtWalkSelected(benchmark::State& state)
 
 } // namespace
 
-// Building cases are coarse (tens of milliseconds and more per iteration), so a
-// few iterations each; repetitions give a median that one slow run cannot move.
-#define KT_BUILD_CASE(fn, name, iters)                                                                       \
-    BENCHMARK(fn)                                                                                            \
-        ->Name(name)                                                                                         \
-        ->Unit(benchmark::kMillisecond)                                                                      \
-        ->Iterations(iters)                                                                                  \
-        ->Repetitions(3)                                                                                     \
-        ->ReportAggregatesOnly(true)
-
 KT_BUILD_CASE(BM_KtInsert, "Kt/Insert4Columns", 3);
 KT_BUILD_CASE(BM_QtInsert, "Qt/Insert4Columns", 3);
 KT_BUILD_CASE(BM_KtDeleteAllItems, "Kt/DeleteAllItems", 3)->Arg(20000)->Arg(kRows);

@@ -411,16 +411,6 @@ void BM_QtSiblingWalkByItem(benchmark::State& state)
 
 } // namespace
 
-// Building cases are coarse (tens of milliseconds and more per iteration), so a
-// few iterations each; repetitions give a median that one slow run cannot move.
-#define KT_BUILD_CASE(fn, name, iters)                                                                       \
-    BENCHMARK(fn)                                                                                            \
-        ->Name(name)                                                                                         \
-        ->Unit(benchmark::kMillisecond)                                                                      \
-        ->Iterations(iters)                                                                                  \
-        ->Repetitions(3)                                                                                     \
-        ->ReportAggregatesOnly(true)
-
 KT_BUILD_CASE(BM_KtInsertTopLevel, "Kt/InsertTopLevel", 5);
 KT_BUILD_CASE(BM_QtInsertTopLevel, "Qt/InsertTopLevel", 5);
 KT_BUILD_CASE(BM_KtInsertAfterPrevious, "Kt/InsertAfterPrevious", 5);

@@ -264,6 +264,16 @@ inline int runBenchmarks(int argc, char** argv, RatioReporter& reporter)
 } // namespace ktbench
 
 /// main() with a RatioReporter that marks ratios above @p target (optional).
+// Building cases are coarse (tens of milliseconds and more per iteration), so a
+// few iterations each; repetitions give a median that one slow run cannot move.
+#define KT_BUILD_CASE(fn, name, iters)                                                                       \
+    BENCHMARK(fn)                                                                                            \
+        ->Name(name)                                                                                         \
+        ->Unit(benchmark::kMillisecond)                                                                      \
+        ->Iterations(iters)                                                                                  \
+        ->Repetitions(3)                                                                                     \
+        ->ReportAggregatesOnly(true)
+
 #define KT_BENCHMARK_MAIN(...)                                                                               \
     int main(int argc, char** argv)                                                                          \
     {                                                                                                        \
