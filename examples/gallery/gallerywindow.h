@@ -1,10 +1,18 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QStringList>
 
 class QTabWidget;
 
-/// The gallery's main window: one tab per family of widgets.
+/**
+ * The gallery's main window: one tab per family of widgets.
+ *
+ * Each page has a short name ("tree", "list", ...) by which the command line
+ * selects it. A page that is still preparing what it shows (a preview being
+ * rendered, say) sets the dynamic property "galleryBusy" to true and back to
+ * false when done; a screenshot waits for that.
+ */
 class GalleryWindow : public QMainWindow
 {
     Q_OBJECT
@@ -12,9 +20,19 @@ class GalleryWindow : public QMainWindow
 public:
     explicit GalleryWindow(QWidget* parent = nullptr);
 
+    /// The names of the pages, in tab order.
+    QStringList pageNames() const;
+    /// Makes the page of that name current; false when there is none.
+    bool showPage(const QString& name);
+    /// True while the current page says it is still busy.
+    bool isCurrentPageBusy() const;
+
     /// Renders the window into a PNG file; false when it cannot be written.
     bool saveScreenshot(const QString& path);
 
 private:
+    void addPage(const QString& name, QWidget* page, const QString& title);
+
     QTabWidget* m_tabs;
+    QStringList m_names;
 };
