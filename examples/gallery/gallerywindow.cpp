@@ -3,6 +3,7 @@
 #include "editcontrolspage.h"
 #include "listcontrolpage.h"
 #include "menutoolbarpage.h"
+#include "plotstylepage.h"
 #include "treecontrolpage.h"
 
 #include <QPixmap>
@@ -18,6 +19,7 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     addPage(QStringLiteral("list"), new ListControlPage(m_tabs), tr("List control"));
     addPage(QStringLiteral("combo"), new EditControlsPage(m_tabs), tr("Combo and edits"));
     addPage(QStringLiteral("menu"), new MenuToolBarPage(m_tabs), tr("Menu and toolbar"));
+    addPage(QStringLiteral("plotstyle"), new PlotStylePage(m_tabs), tr("Plot style"));
     setCentralWidget(m_tabs);
     resize(720, 480);
 }

@@ -8,7 +8,7 @@ import math
 import struct
 
 W, H = 26, 13
-BLACK, WHITE, GREY = (0, 0, 0), (255, 255, 255), (160, 160, 160)
+BLACK, WHITE, GREY, MARK = (0, 0, 0), (255, 255, 255), (160, 160, 160), (128, 128, 128)
 
 
 def write_bmp(path, width, height, pixel):
@@ -33,7 +33,10 @@ def strip(path, tiles):
             return WHITE
         if x == 0 or ty == 0 or x == W - 1 or ty == H - 1:
             return GREY
-        return BLACK if tiles[k - 1](x - 1, ty - 1) else WHITE
+        value = tiles[k - 1](x - 1, ty - 1)
+        if isinstance(value, tuple):
+            return value
+        return BLACK if value else WHITE
     write_bmp(path, W, H * (len(tiles) + 1), pixel)
 
 
@@ -52,40 +55,50 @@ fills = [
 
 
 def thick_line_end(shape):
-    # A thick horizontal stroke from the left ending in the given cap shape.
-    cy, half, end = IH // 2, 3, 15
+    # A thick horizontal stroke from the left whose end point (x = end, marked
+    # by a dotted grey line) carries the cap: butt stops there, square runs on
+    # by half the width, round bulges out by half the width, diamond comes to a point.
+    cy, half, end = IH // 2, 4, 13
 
     def f(x, y):
         dy = abs(y - cy)
-        if x <= end:
-            return dy <= half
-        if shape == "square":
-            return x <= end + half and dy <= half
-        if shape == "round":
-            return (x - end) ** 2 + dy ** 2 <= half * half
-        if shape == "diamond":
-            return (x - end) + dy <= half + 1
-        return False
+        dx = x - end
+        if dx <= 0:
+            inside = dy <= half
+        elif shape == "square":
+            inside = dx <= half and dy <= half
+        elif shape == "round":
+            inside = dx * dx + dy * dy <= half * half + 1
+        elif shape == "diamond":
+            inside = dx + dy <= half + 2
+        else:
+            inside = False
+        if inside:
+            return BLACK
+        return MARK if dx == 0 and y % 2 == 0 else WHITE
     return f
 
 
 def join(shape):
-    # Two thick strokes meeting at a corner: horizontal from the left, vertical downwards.
-    cx, cy, half = 14, 3, 2
+    # Two thick strokes meeting at a right angle: one from the left, one going
+    # down. Only the outer corner differs: miter square, bevel cut off, round
+    # a quarter circle, diamond a point running out along the diagonal.
+    cx, cy, half = 14, 5, 2
 
     def f(x, y):
         horiz = x <= cx and abs(y - cy) <= half
         vert = y >= cy and abs(x - cx) <= half
-        corner = x > cx and y < cy
+        dx, dy = x - cx, cy - y
+        corner = dx > 0 and dy > 0
         if shape == "miter":
-            extra = cx < x <= cx + half and cy - half <= y <= cy
+            extra = corner and dx <= half and dy <= half
         elif shape == "bevel":
-            extra = corner and (x - cx) + (cy - y) <= half
+            extra = corner and dx + dy <= half
         elif shape == "round":
-            extra = corner and (x - cx) ** 2 + (cy - y) ** 2 <= half * half
+            extra = corner and dx * dx + dy * dy <= half * half + 1
         else:
-            extra = corner and (x - cx) + (cy - y) <= half + 2
-        return horiz or vert or extra
+            extra = corner and dx + dy <= 2 * half + 2 and abs(dx - dy) <= half
+        return BLACK if horiz or vert or extra else WHITE
     return f
 
 
