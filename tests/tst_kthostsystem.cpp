@@ -24,6 +24,7 @@ private Q_SLOTS:
     void cleanup()
     {
         ktutSetImageDirectory(QString());
+        ktutSetEmbeddedImagesEnabled(true);
         qunsetenv("KT_IMAGE_DIR");
     }
 
@@ -128,19 +129,25 @@ private Q_SLOTS:
         QTest::addColumn<QString>("setter");
         QTest::addColumn<bool>("allowOverride");
         QTest::addColumn<QString>("env");
-        QTest::addColumn<QSize>("size"); // of the image found
-        const QSize embedded(26, 130), app(26, 65), env(48, 64);
-        QTest::newRow("embedded only") << "" << true << "" << embedded;
-        QTest::newRow("setter first") << "app" << true << "env" << app;
-        QTest::newRow("setter lacks it") << "bare" << true << "env" << env;
-        QTest::newRow("neither has it") << "bare" << true << "bare" << embedded;
-        QTest::newRow("not allowed") << "app" << false << "env" << embedded;
+        QTest::addColumn<bool>("useEmbedded");
+        QTest::addColumn<QSize>("size"); // of the image found; (0, 0) when missing
+        const QSize embedded(26, 130), app(26, 65), env(48, 64), missing(0, 0);
+        // clang-format off
+        QTest::newRow("embedded only") << "" << true << "" << true << embedded;
+        QTest::newRow("setter first") << "app" << true << "env" << true << app;
+        QTest::newRow("setter lacks it") << "bare" << true << "env" << true << env;
+        QTest::newRow("neither has it") << "bare" << true << "bare" << true << embedded;
+        QTest::newRow("not allowed") << "app" << false << "env" << true << embedded;
+        QTest::newRow("embedded off, setter has it") << "app" << true << "" << false << app;
+        QTest::newRow("embedded off, nobody has it") << "bare" << true << "" << false << missing;
+        // clang-format on
     }
     void imagePath()
     {
         QFETCH(QString, setter);
         QFETCH(bool, allowOverride);
         QFETCH(QString, env);
+        QFETCH(bool, useEmbedded);
         QFETCH(QSize, size);
         const QString fill = QStringLiteral("plot/plotstyle_fillstyle.bmp"), images = ":/kthost/images/";
         QTemporaryDir tmp;
@@ -150,9 +157,11 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(images + "common/empty.bmp", dir.filePath("env/" + fill)));
         QVERIFY(QFile::copy(images + "common/empty.bmp", dir.filePath("outside.bmp")));
         ktutSetImageDirectory(setter.isEmpty() ? setter : dir.filePath(setter));
+        ktutSetEmbeddedImagesEnabled(useEmbedded);
         if (!env.isEmpty())
             qputenv("KT_IMAGE_DIR", QFile::encodeName(dir.filePath(env)));
         QCOMPARE(QPixmap(ktutGetImageFullPath(fill, allowOverride)).size(), size);
+        ktutSetEmbeddedImagesEnabled(true);
         const QString connect = QStringLiteral("common\\..\\plot/./plotstyle_connectstyle.bmp");
         QCOMPARE(QPixmap(ktutGetImageFullPath(connect, allowOverride)).size(), QSize(26, 65));
         const QString bads[]

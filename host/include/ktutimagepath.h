@@ -16,6 +16,14 @@
  */
 KTHOST_EXPORT QString ktutGetImageFullPath(const QString& name, bool allowOverride = true);
 
+/**
+ * Whether the images embedded in KtHost stand behind the override directories
+ * (the default). With false an image that no override directory holds is
+ * missing, as in a host installation whose image folder lacks the file.
+ */
+KTHOST_EXPORT void ktutSetEmbeddedImagesEnabled(bool enabled);
+KTHOST_EXPORT bool ktutEmbeddedImagesEnabled();
+
 /// Sets the application's image override directory; an empty path removes it.
 KTHOST_EXPORT void ktutSetImageDirectory(const QString& dir);
 /// The directory set with ktutSetImageDirectory().

@@ -7,8 +7,6 @@
 #include <QPen>
 #include <QPixmap>
 
-#include <cmath>
-
 namespace TORV_PLOT_SPECIALLY_SPCAE {
 
 KtPsLineWeightComboBox::KtPsLineWeightComboBox(QWidget* parent)
@@ -68,10 +66,12 @@ void KtPsLineWeightComboBox::drawPixLine(int position, double weight)
     {
         QPainter painter(&pixmap);
         QPen pen = painter.pen();
-        // Truncated toward zero: 0.25 mm draws 3 pixels wide. A weight no pen
-        // could draw (NaN, huge) must not reach the undefined double-to-int cast.
+        // Truncated toward zero: 0.25 mm draws 3 pixels wide. Widths a pen cannot
+        // take (QPen keeps its width outside 0 .. 32767) leave the default pen,
+        // without QPen's warning and before an undefined double-to-int cast.
         const double width = weight * 10.0 + 1.0;
-        pen.setWidth(std::fabs(width) < 1e6 ? int(width) : 0);
+        if (width > -1.0 && width < 32768.0)
+            pen.setWidth(int(width));
         painter.setPen(pen);
         painter.drawLine(0, 12, 80, 12);
     }

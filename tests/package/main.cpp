@@ -1,6 +1,8 @@
 // Uses the library through its forwarding headers only; exits 0 when the calls work.
 #include <CKtTreeCtrl>
 #include <CuiAfxCtrl>
+#include <KtPlotStyleWidgets>
+#include <KtPsLineTypeComboBox>
 #include <KtString>
 #include <QApplication>
 
@@ -12,7 +14,10 @@ int main(int argc, char* argv[])
     QTreeWidgetItem* parent = tree.InsertItem(L"图层");
     tree.InsertItem(L"0", 0, 0, parent, nullptr);
     const KtString text = ktutQStringToKtString(parent->text(0));
+    TORV_PLOT_SPECIALLY_SPCAE::KtPsLineTypeComboBox lineTypes;
+    lineTypes.setCurrentLineTypeIndex(KtPs::kDotted);
     const bool ok = tree.GetCount() == 2 && text == KtString(L"图层")
-        && ktutResourceText(L"IDS_X", L"default") == QStringLiteral("default");
+        && ktutResourceText(L"IDS_X", L"default") == QStringLiteral("default") && lineTypes.count() == 32
+        && lineTypes.currentIndex() == 3 && lineTypes.getCurrentLineType(3) == KtPs::kDotted;
     return ok ? 0 : 1;
 }

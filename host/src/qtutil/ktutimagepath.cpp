@@ -6,6 +6,8 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <atomic>
+
 namespace {
 
 const QString& embeddedRoot()
@@ -16,6 +18,7 @@ const QString& embeddedRoot()
 
 QMutex g_dirMutex;
 QString g_imageDir;
+std::atomic<bool> g_embeddedImages{true};
 
 // Normalises an image name to a relative path inside the image tree, or gives
 // an empty string for names that are empty, absolute or climb out with "..".
@@ -55,6 +58,8 @@ QString ktutGetImageFullPath(const QString& name, bool allowOverride)
         if (!path.isEmpty())
             return path;
     }
+    if (!g_embeddedImages.load())
+        return embeddedRoot() + QStringLiteral("<missing>");
     // A directory of the image tree is no image: callers test with QFile::exists.
     const QString embedded = embeddedRoot() + relative;
     return QFileInfo(embedded).isDir() ? embeddedRoot() + QStringLiteral("<invalid>") : embedded;
@@ -70,4 +75,14 @@ QString ktutImageDirectory()
 {
     QMutexLocker lock(&g_dirMutex);
     return g_imageDir;
+}
+
+void ktutSetEmbeddedImagesEnabled(bool enabled)
+{
+    g_embeddedImages.store(enabled);
+}
+
+bool ktutEmbeddedImagesEnabled()
+{
+    return g_embeddedImages.load();
 }

@@ -1,0 +1,48 @@
+// Tests of KtPsFillStyleComboBox (the checks shared with the join and end combos).
+
+#include "stylecombochecks.h"
+
+#include <KtPsFillStyleComboBox>
+
+using namespace TORV_PLOT_SPECIALLY_SPCAE;
+
+class TestKtPsFillStyleComboBox : public QObject
+{
+    Q_OBJECT
+
+    const StyleComboChecks<KtPsFillStyleComboBox> checks{{73, 64, 65, 66, 67, 68, 69, 70, 71, 72},
+        {"使用对象填充样式", "实心", "棋盘形", "交叉线", "菱形", "水平线", "左斜线", "右斜线", "方形点",
+            "垂直线"},
+        {"Use object fill style", "Solid", "Checkerboard", "Crosshatch", "Diamond", "Horizontal Bars",
+            "Slant Left", "Slant Right", "Square Dots", "Vertical Bars"},
+        "plot/plotstyle_fillstyle.bmp",
+        [](KtPsFillStyleComboBox& c, int v) { c.setCurrentFillStyleIndex(KtPs::FillStyle(v)); },
+        [](KtPsFillStyleComboBox& c, int row) { return int(c.getCurrentFileStyle(row)); }};
+
+private Q_SLOTS:
+    void rows() { checks.rows(); }
+    void english() { checks.english(); }
+    void selectByValue_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<int>("row");
+        // clang-format off
+        QTest::newRow("use object") << 73 << 0;
+        QTest::newRow("solid") << 64 << 1;
+        QTest::newRow("vertical bars") << 72 << 9;
+        QTest::newRow("0 is no fill: unchanged") << 0 << 2;
+        QTest::newRow("74: unchanged") << 74 << 2;
+        // clang-format on
+    }
+    void selectByValue()
+    {
+        QFETCH(int, value);
+        QFETCH(int, row);
+        checks.selectByValue(value, row);
+    }
+    void missingBitmap() { checks.missingBitmap(); }
+    void initializeTwice() { checks.initializeTwice(); }
+};
+
+QTEST_MAIN(TestKtPsFillStyleComboBox)
+#include "tst_ktpsfillstylecombobox.moc"
