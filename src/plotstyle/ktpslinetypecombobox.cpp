@@ -3,10 +3,14 @@
 #include "ktpsstylecombo_p.h"
 #include "ktresourcetext.h"
 
+#include <QCoreApplication>
+#include <QIcon>
 #include <QLine>
 #include <QPainter>
 #include <QPixmap>
 #include <QPoint>
+#include <QVarLengthArray>
+#include <QVector>
 
 #include <cmath>
 
@@ -135,17 +139,40 @@ const Pattern* const kPatternOf[31] = {
 
 } // namespace
 
+namespace {
+
+// The row pictures depend on the value alone, so they are drawn by the first
+// combo of the application and shared by every later one (QIcon is
+// implicitly shared). Drawing them took three quarters of building a combo.
+// They go with the application object, which owns the pixmaps' platform.
+const QVector<QIcon>& rowIcons(KtPsLineTypeComboBox* combo)
+{
+    static QVector<QIcon> icons;
+    if (icons.isEmpty()) {
+        icons.reserve(31);
+        for (int i = 0; i < 31; ++i) {
+            QPixmap pixmap(80, 20);
+            pixmap.fill(Qt::transparent);
+            combo->createLineType(pixmap, i, 80, 20);
+            icons.append(QIcon(pixmap));
+        }
+        qAddPostRoutine([] { icons.clear(); });
+    }
+    return icons;
+}
+
+} // namespace
+
 KtPsLineTypeComboBox::KtPsLineTypeComboBox(QWidget* parent)
     : QComboBox(parent)
 {
     setIconSize(QSize(80, 20));
     addItem(QIcon(), g_global_LineTypeName[0].name, QVariant::fromValue(g_global_LineTypeName[0]));
+    // Row i + 1 carries value i, so every picture matches its value.
+    const QVector<QIcon>& icons = rowIcons(this);
     for (int i = 0; i < 31; ++i) {
-        QPixmap pixmap(80, 20);
-        pixmap.fill(Qt::transparent);
-        createLineType(pixmap, i, 80, 20);
         const LineTypeMap& row = g_global_LineTypeName[i + 1];
-        addItem(QIcon(pixmap), row.name, QVariant::fromValue(row));
+        addItem(icons.at(i), row.name, QVariant::fromValue(row));
     }
 }
 
@@ -177,19 +204,27 @@ void KtPsLineTypeComboBox::createLineType(QPixmap& pixmap, int lineType, int wid
         return;
     }
     const int periods = int(std::ceil(double(width) / double(pattern->period)));
+    if (periods < 1)
+        return;
+    // Every dash and dot of every period goes to the painter in one call each:
+    // the pixels are those of drawing them one by one (one pen, one colour),
+    // without the per-call cost that dominated building a combo.
+    QVarLengthArray<QLine, 64> lines;
+    QVarLengthArray<QPoint, 64> points;
     for (int n = 0; n < periods; ++n) {
         const int x = n * pattern->period;
         for (int i = 0; i < pattern->count; ++i) {
             const Piece& piece = pattern->pieces[i];
-            if (piece.b == kDot) {
-                const QPoint point(x + piece.a, y);
-                painter.drawPoints(&point, 1);
-            } else {
-                const QLine line(x + piece.a, y, x + piece.b, y);
-                painter.drawLines(&line, 1);
-            }
+            if (piece.b == kDot)
+                points.append(QPoint(x + piece.a, y));
+            else
+                lines.append(QLine(x + piece.a, y, x + piece.b, y));
         }
     }
+    if (!lines.isEmpty())
+        painter.drawLines(lines.constData(), lines.size());
+    if (!points.isEmpty())
+        painter.drawPoints(points.constData(), points.size());
 }
 
 } // namespace TORV_PLOT_SPECIALLY_SPCAE
