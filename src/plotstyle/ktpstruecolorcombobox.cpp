@@ -85,7 +85,7 @@ KtPsTrueColorComboBox::KtPsTrueColorComboBox(QWidget* parent)
     : QComboBox(parent)
     , m_lastSelIndex(0)
 {
-    // QComboBox deletes a replaced delegate and, with the view, the last one.
+    // The combo owns its delegate (see the destructor).
     setItemDelegate(new QStyledItemDelegate());
     setStyleSheet(
         QStringLiteral("QComboBox {combobox-popup: 0; background: rgb(225, 225, 225); color: black; } "
@@ -95,7 +95,12 @@ KtPsTrueColorComboBox::KtPsTrueColorComboBox(QWidget* parent)
     initDefaultOptions();
 }
 
-KtPsTrueColorComboBox::~KtPsTrueColorComboBox() = default;
+KtPsTrueColorComboBox::~KtPsTrueColorComboBox()
+{
+    // QComboBox deletes a delegate when another replaces it, but never the last
+    // one; the delegate has no parent, so it goes here, whoever installed it.
+    delete itemDelegate();
+}
 
 void KtPsTrueColorComboBox::initDefaultOptions()
 {
