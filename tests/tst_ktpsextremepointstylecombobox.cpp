@@ -16,29 +16,13 @@ class TestKtPsExtremePointStyleComboBox : public QObject
         [](KtPsExtremePointStyleComboBox& c, int v) {
             c.setCurrentExtremePointStyleIndex(KtPs::LineEndStyle(v));
         },
-        [](KtPsExtremePointStyleComboBox& c, int row) { return int(c.getExtremePointStyle(row)); }};
+        [](KtPsExtremePointStyleComboBox& c, int row) { return int(c.getExtremePointStyle(row)); },
+        {{4, 0}, {0, 1}, {3, 4}, {5, 2}, {-1, 2}}};
 
 private Q_SLOTS:
     void rows() { checks.rows(); }
     void english() { checks.english(); }
-    void selectByValue_data()
-    {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("row");
-        // clang-format off
-        QTest::newRow("use object is 4") << 4 << 0;
-        QTest::newRow("butt") << 0 << 1;
-        QTest::newRow("diamond") << 3 << 4;
-        QTest::newRow("5 is not an end: unchanged") << 5 << 2;
-        QTest::newRow("negative: unchanged") << -1 << 2;
-        // clang-format on
-    }
-    void selectByValue()
-    {
-        QFETCH(int, value);
-        QFETCH(int, row);
-        checks.selectByValue(value, row);
-    }
+    void selectByValue() { checks.selectByValue(); }
     void missingBitmap() { checks.missingBitmap(); }
     void initializeTwice() { checks.initializeTwice(); }
 };

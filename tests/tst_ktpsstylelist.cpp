@@ -16,7 +16,7 @@ QStringList recordNames(KtPsStyleList& list)
 {
     QStringList names;
     for (const PlotStyleList& record : list.getStyleDataList())
-        names << record.name;
+        names << record.name + (record.modified ? "*" : "");
     return names;
 }
 
@@ -38,12 +38,9 @@ private Q_SLOTS:
         KtPsStyleList list;
         list.insertStyleData(0, "A", Qt::red, &a);
         list.insertStyleData(1, "B", Qt::green, &b);
-        list.insertStyleData(5, "ignored", Qt::blue, &c);
+        list.insertStyleData(3, "ignored", Qt::blue, &c);
         list.insertStyleData(-1, "ignored", Qt::blue, &c);
-        QCOMPARE(recordNames(list), QStringList({"A", "B"}));
-        QCOMPARE(list.count(), 0);
         list.refreshStyleList();
-        QCOMPARE(list.count(), 2);
         list.setCurrentRow(1);
 
         QSignalSpy rowChanged(&list, &QListWidget::currentRowChanged);
@@ -55,91 +52,46 @@ private Q_SLOTS:
         QCOMPARE(list.count(), 3);
         for (int row = 0; row < 3; ++row) {
             QCOMPARE(list.item(row)->data(Qt::SizeHintRole).toSize(), QSize(185, 20));
-            QVERIFY(rowWidget(list, row) && rowWidget(list, row)->size() == QSize(185, 20));
+            QCOMPARE(rowWidget(list, row)->size(), QSize(185, 20));
         }
-        QCOMPARE(list.getStyleDataList().at(0).style, &c);
 
         list.modifyStyleData(2, &a); // marks only: the stored object stays
-        const PlotStyleList third = list.getStyleDataList().at(2);
-        QVERIFY(third.modified && third.style == &b);
-        list.removeStyleData(3);
-        list.removeStyleData(-1);
-        list.removeStyleData(0);
-        QCOMPARE(recordNames(list), QStringList({"A", "B"}));
+        QCOMPARE(list.getStyleDataList().at(2).style, &b);
+        for (int index : {-1, 3})
+            list.renameStyle(index, "Z");
+        list.renameStyle(1, "Z");
+        QCOMPARE(recordNames(list), QStringList({"C", "Z*", "B*"}));
+        for (int index : {3, -1, 0})
+            list.removeStyleData(index);
+        QCOMPARE(recordNames(list), QStringList({"Z*", "B*"}));
         list.insertNewItem(7, Qt::black, "appended");
         QCOMPARE(list.count(), 4);
         list.clearStyleDataList();
-        QVERIFY(list.getStyleDataList().isEmpty());
         list.refreshStyleList();
-        QCOMPARE(list.count(), 0);
+        QVERIFY(list.getStyleDataList().isEmpty() && list.count() == 0);
     }
 
-    void rename_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QStringList>("names");
-        // clang-format off
-        QTest::newRow("-1") << -1 << QStringList({"A", "B"});
-        QTest::newRow("size") << 2 << QStringList({"A", "B"});
-        QTest::newRow("0") << 0 << QStringList({"Z", "B"});
-        // clang-format on
-    }
-    void rename()
-    {
-        QFETCH(int, index);
-        QFETCH(QStringList, names);
-        KtPsStyleList list;
-        list.insertStyleData(0, "A", Qt::red, nullptr);
-        list.insertStyleData(1, "B", Qt::red, nullptr);
-        list.renameStyle(index, "Z");
-        QCOMPARE(recordNames(list), names);
-        QCOMPARE(list.getStyleDataList().at(0).modified, index == 0);
-        QVERIFY(!list.getStyleDataList().at(1).modified);
-    }
-
-    void getStyleData_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<bool>("found");
-        // clang-format off
-        QTest::newRow("0") << 0 << true;
-        QTest::newRow("254") << 254 << true;
-        QTest::newRow("255: above the bound") << 255 << false;
-        QTest::newRow("299: above the bound") << 299 << false;
-        QTest::newRow("-1") << -1 << false;
-        QTest::newRow("past the records") << 300 << false;
-        // clang-format on
-    }
     void getStyleData()
     {
-        QFETCH(int, index);
-        QFETCH(bool, found);
         std::vector<CJxPlotStyle> styles(300);
         KtPsStyleList list;
         for (int i = 0; i < 300; ++i)
             list.insertStyleData(i, QString::number(i), Qt::red, &styles[i]);
-        CJxPlotStyle sentinel;
-        CJxPlotStyle* style = &sentinel;
-        list.getStyleData(index, style);
-        QCOMPARE(style, found ? &styles[index] : &sentinel);
+        // The guard stops at 254 whatever the number of records.
+        for (int index : {0, 254, 255, 299, -1, 300}) {
+            CJxPlotStyle sentinel;
+            CJxPlotStyle* style = &sentinel;
+            list.getStyleData(index, style);
+            QCOMPARE(style, index == 0 || index == 254 ? &styles[index] : &sentinel);
+        }
     }
 
-    void hexColour_data()
-    {
-        QTest::addColumn<QColor>("color");
-        QTest::addColumn<QString>("hex");
-        // clang-format off
-        QTest::newRow("orange") << QColor(255, 128, 0) << "#ff8000";
-        QTest::newRow("black") << QColor(0, 0, 0) << "#000000";
-        QTest::newRow("small digits") << QColor(10, 11, 12) << "#0a0b0c";
-        QTest::newRow("alpha ignored") << QColor(1, 2, 3, 4) << "#010203";
-        // clang-format on
-    }
     void hexColour()
     {
-        QFETCH(QColor, color);
-        QFETCH(QString, hex);
-        QCOMPARE(StyleListItem().convertRGBToHexColor(color), hex);
+        StyleListItem item;
+        QCOMPARE(item.convertRGBToHexColor(QColor(255, 128, 0)), QStringLiteral("#ff8000"));
+        QCOMPARE(item.convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
+        QCOMPARE(item.convertRGBToHexColor(QColor(0, 0, 0)), QStringLiteral("#000000"));
     }
 
     void painting_data()
@@ -172,35 +124,16 @@ private Q_SLOTS:
         const QImage image = item->grab().toImage();
         QCOMPARE(QColor(image.pixel(16, 9)), QColor(0, 128, 255)); // swatch
         QVERIFY(QColor(image.pixel(5, 10)) != highlight);
-        if (highlight.isValid()) {
-            QCOMPARE(QColor(image.pixel(150, 2)), highlight);
-            QCOMPARE(QColor(image.pixel(25, 19)), highlight);
-        } else {
-            QVERIFY(QColor(image.pixel(150, 2)) != QColor(Qt::lightGray));
-        }
+        QCOMPARE(QColor(image.pixel(150, 2)) == highlight, highlight.isValid());
+        QCOMPARE(QColor(image.pixel(25, 19)) == highlight, highlight.isValid());
+
+        const QImage freeStanding = StyleListItem().grab().toImage();
+        QCOMPARE(QColor(freeStanding.pixel(16, 9)), QColor(Qt::white));
+        QCOMPARE(freeStanding.pixel(150, 2), freeStanding.pixel(3, 2));
     }
 
-    void freeStandingItem()
-    {
-        StyleListItem item;
-        QCOMPARE(item.size(), QSize(185, 20));
-        QVERIFY(!item.isSelected());
-        const QImage image = item.grab().toImage();
-        QCOMPARE(QColor(image.pixel(16, 9)), QColor(Qt::white));
-        QCOMPARE(image.pixel(150, 2), image.pixel(3, 2));
-    }
-
-    void menuRequest_data()
-    {
-        QTest::addColumn<int>("row"); // under the cursor; -1: below the last row
-        QTest::addColumn<bool>("onItem");
-        QTest::newRow("on a row") << 1 << true;
-        QTest::newRow("empty area") << -1 << false;
-    }
     void menuRequest()
     {
-        QFETCH(int, row);
-        QFETCH(bool, onItem);
         KtPsStyleList list;
         list.resize(200, 200);
         for (int i = 0; i < 3; ++i)
@@ -208,16 +141,17 @@ private Q_SLOTS:
         list.refreshStyleList();
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
-        const QRect rowRect = list.visualItemRect(list.item(row < 0 ? 2 : row));
-        const QPoint inViewport
-            = row < 0 ? QPoint(rowRect.center().x(), rowRect.bottom() + 60) : rowRect.center();
-        // The list reads the cursor, not the event's position.
-        QCursor::setPos(list.viewport()->mapToGlobal(inViewport));
         QSignalSpy spy(&list, &KtPsStyleList::itemMenuRequest);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(0, 0), list.mapToGlobal(QPoint(0, 0)));
-        QApplication::sendEvent(list.viewport(), &event);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toBool(), onItem);
+        const QRect last = list.visualItemRect(list.item(2));
+        // The list reads the cursor, not the event's position (which stays at 0, 0 here).
+        for (const QPoint& at : {list.visualItemRect(list.item(1)).center(), last.center() + QPoint(0, 60)}) {
+            QCursor::setPos(list.viewport()->mapToGlobal(at));
+            QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(0, 0), list.mapToGlobal(QPoint(0, 0)));
+            QApplication::sendEvent(list.viewport(), &event);
+        }
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(spy.at(0).at(0).toBool(), true);
+        QCOMPARE(spy.at(1).at(0).toBool(), false);
     }
 };
 

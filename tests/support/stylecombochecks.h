@@ -19,6 +19,7 @@ struct StyleComboChecks
     QString strip;
     std::function<void(Combo&, int)> select;
     std::function<int(Combo&, int)> read;
+    QVector<QPair<int, int>> selections; // value -> current row, from row 2
 
     void rows() const
     {
@@ -47,15 +48,17 @@ struct StyleComboChecks
             QCOMPARE(combo.itemText(row), englishTexts[row]);
     }
 
-    // Selects @p value on a combo whose current row is 2; @p row is the expected current row.
-    void selectByValue(int value, int row) const
+    void selectByValue() const
     {
         Combo combo;
-        combo.setCurrentIndex(2);
         QSignalSpy index(&combo, QOverload<int>::of(&QComboBox::currentIndexChanged));
-        select(combo, value);
-        QCOMPARE(combo.currentIndex(), row);
-        QCOMPARE(index.count(), 0);
+        for (const auto& [value, row] : selections) {
+            combo.QComboBox::setCurrentIndex(2);
+            index.clear();
+            select(combo, value);
+            QVERIFY2(combo.currentIndex() == row, qPrintable(QString::number(value)));
+            QCOMPARE(index.count(), 0);
+        }
     }
 
     void missingBitmap() const
