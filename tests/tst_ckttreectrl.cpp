@@ -10,9 +10,13 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 Q_DECLARE_METATYPE(QTreeWidgetItem*)
+
+using HandleMaker = std::function<QTreeWidgetItem*(CKtTreeCtrl&)>;
+Q_DECLARE_METATYPE(HandleMaker)
 
 namespace {
 
@@ -84,7 +88,8 @@ private Q_SLOTS:
     void walksSurviveSlotsEditingTheTree();
     void checksAndDeletion();
     void dragImage();
-    void nullHandles();
+    void deadHandles_data();
+    void deadHandles();
 
 private:
     std::unique_ptr<CKtTreeCtrl> m_tree;
@@ -759,29 +764,72 @@ void TestCKtTreeCtrl::dragImage()
     QCOMPARE(image.size() / image.devicePixelRatio(), m_tree->visualItemRect(item).size());
 }
 
-void TestCKtTreeCtrl::nullHandles()
+void TestCKtTreeCtrl::deadHandles_data()
 {
+    // Each row builds a, a/a1, a/a2, b and hands out a handle that is no item of the tree.
+    QTest::addColumn<HandleMaker>("make");
+    QTest::addColumn<int>("itemsLeft");
+    const auto pseudo = [](QTreeWidgetItem* h) { return HandleMaker([h](CKtTreeCtrl&) { return h; }); };
+    // clang-format off
+    QTest::newRow("null") << pseudo(nullptr) << 4;
+    QTest::newRow("TVI_ROOT") << pseudo(TVI_ROOT) << 4;
+    QTest::newRow("TVI_FIRST") << pseudo(TVI_FIRST) << 4;
+    QTest::newRow("TVI_LAST") << pseudo(TVI_LAST) << 4;
+    QTest::newRow("TVI_SORT") << pseudo(TVI_SORT) << 4;
+    QTest::newRow("DeleteItem") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.DeleteItem(h); return h; }) << 3;
+    QTest::newRow("child of a deleted item") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(1); t.DeleteItem(t.topLevelItem(0)); return h; }) << 1;
+    QTest::newRow("DeleteAllItems") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(0); t.DeleteAllItems(); return h; }) << 0;
+    QTest::newRow("Qt delete") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(0); delete h; return h; }) << 3;
+    QTest::newRow("Qt clear") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.clear(); return h; }) << 0;
+    QTest::newRow("Qt takeChildren") << HandleMaker([](CKtTreeCtrl& t) { const auto taken = t.topLevelItem(0)->takeChildren(); qDeleteAll(taken); return taken.at(1); }) << 2;
+    QTest::newRow("taken, not deleted") << HandleMaker([](CKtTreeCtrl& t) { static std::unique_ptr<QTreeWidgetItem> keep; keep.reset(t.takeTopLevelItem(1)); return keep.get(); }) << 3;
+    QTest::newRow("item of another tree") << HandleMaker([](CKtTreeCtrl&) { static CKtTreeCtrl other(nullptr); other.clear(); return other.InsertItem(L"x"); }) << 4;
+    // clang-format on
+}
+
+void TestCKtTreeCtrl::deadHandles()
+{
+    QFETCH(HandleMaker, make);
+    QFETCH(int, itemsLeft);
+    m_tree->AppendItemImage(solid(Qt::red));
+    QTreeWidgetItem* a = m_tree->InsertItem(L"a", 0, 0, nullptr, nullptr);
+    m_tree->InsertItem(L"a1", a);
+    m_tree->InsertItem(L"a2", a);
+    m_tree->InsertItem(L"b");
+    QTreeWidgetItem* dead = make(*m_tree);
+    QCOMPARE(int(m_tree->GetCount()), itemsLeft);
+
+    // Every call gives what it gives for a null item, and the tree stays as it was.
     int image = 3, selected = 3;
     tagRECT rect{1, 2, 3, 4};
-    m_tree->AppendItemImage(solid(Qt::red));
-    QCOMPARE(m_tree->GetItemImage(nullptr, image, selected), 0);
+    QCOMPARE(m_tree->GetItemImage(dead, image, selected), 0);
     QCOMPARE(QPoint(image, selected), QPoint(-1, -1));
-    QCOMPARE(m_tree->GetItemRect(nullptr, &rect, 0), 1);
+    QCOMPARE(m_tree->GetItemRect(dead, &rect, 0), 1);
     QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
-    QCOMPARE(m_tree->GetItemText(nullptr).length(), 0);
-    QCOMPARE(m_tree->GetItemData(nullptr), 0ull);
-    QCOMPARE(m_tree->GetItemState(nullptr, TVIS_STATEIMAGEMASK), 0u);
-    QTreeWidgetItem* none = nullptr;
-    const int results[] = {m_tree->SetItemText(none, L"x"), m_tree->SetItemImage(none, 0, 0),
-        m_tree->SetItemData(none, 1), m_tree->SetItemState(none, 2, 2), m_tree->ItemHasChildren(none),
-        m_tree->SelectDropTarget(none), m_tree->EnsureVisible(none), m_tree->EditLabel(none),
-        m_tree->Expand(none, TVE_EXPAND), m_tree->SetCheck(none, 1), m_tree->GetCheck(none)};
-    for (int result : results)
+    QCOMPARE(m_tree->GetItemText(dead).length(), 0);
+    QCOMPARE(m_tree->GetItemData(dead), 0ull);
+    QCOMPARE(m_tree->GetItemState(dead, TVIS_STATEIMAGEMASK), 0u);
+    QCOMPARE(m_tree->GetItemState(dead, 0xFFFFFFFF), 0u);
+    const int zeros[]
+        = {m_tree->SetItemText(dead, L"x"), m_tree->SetItemImage(dead, 0, 0), m_tree->SetItemData(dead, 1),
+            m_tree->SetItemState(dead, 2, 2), m_tree->ItemHasChildren(dead), m_tree->SelectDropTarget(dead),
+            m_tree->EnsureVisible(dead), m_tree->EditLabel(dead), m_tree->Expand(dead, TVE_EXPAND),
+            m_tree->ExpandAllChild(dead, TVE_EXPAND), m_tree->SetCheck(dead, 1), m_tree->GetCheck(dead)};
+    for (int result : zeros)
         QCOMPARE(result, 0);
-    QCOMPARE(m_tree->GetParentItem(none), nullptr);
-    QCOMPARE(m_tree->GetNextSiblingItem(none), nullptr);
-    QCOMPARE(m_tree->GetPrevSiblingItem(none), nullptr);
-    QCOMPARE(m_tree->InsertItem(nullptr, nullptr)->text(0), QString()); // null text: empty item
+    QCOMPARE(m_tree->GetParentItem(dead), nullptr);
+    QCOMPARE(m_tree->GetNextSiblingItem(dead), nullptr);
+    QCOMPARE(m_tree->GetPrevSiblingItem(dead), nullptr);
+    QCOMPARE(m_tree->GetNextItem(dead, TVGN_NEXT), nullptr);
+    QCOMPARE(m_tree->GetChildItem(dead), m_tree->topLevelItem(0));
+    QCOMPARE(m_tree->Select(dead, TVGN_CARET), 1);
+    QCOMPARE(m_tree->GetSelectedItem(), nullptr);
+    QCOMPARE(m_tree->DeleteItem(dead), 1);
+    QCOMPARE(int(m_tree->GetCount()), itemsLeft);
+    // As a parent it means the top level; as the item to insert after, the end.
+    QTreeWidgetItem* inserted = m_tree->InsertItem(L"new", 0, 0, dead, dead);
+    QCOMPARE(m_tree->topLevelItem(m_tree->topLevelItemCount() - 1), inserted);
+    QCOMPARE(m_tree->GetItemText(inserted), KtString(L"new"));
 }
 
 QTEST_MAIN(TestCKtTreeCtrl)

@@ -14,6 +14,10 @@
 
 namespace {
 
+// The most cells (rows times columns) the structure form of InsertItem lets
+// the table grow to: 2^25 cells, a quarter of a gigabyte of item pointers.
+constexpr qint64 kMaxCells = qint64(1) << 25;
+
 int headerAlignment(int nFormat)
 {
     switch (nFormat) {
@@ -149,15 +153,21 @@ int CKtListCtrl::InsertItem(tagLVITEMW* pItem)
     const int row = pItem->iItem;
     const int column = pItem->iSubItem;
 
+    // A table Qt could not allocate is refused before anything changes: the
+    // model keeps one pointer per cell, and asking for rows or columns near
+    // INT_MAX would end the process in Qt's allocator.
+    const qint64 rows = rowCount() < row ? qint64(row) + 1 : qint64(rowCount()) + 1;
+    const qint64 columns = std::max<qint64>({columnCount(), qint64(column) + 1, 1});
+    if (rows * columns > kMaxCells)
+        return -1;
+
     // This form always makes a row, even for a sub-item, and grows the table
     // with empty rows up to an index past the end.
-    if (rowCount() < row) {
-        if (row < INT_MAX)
-            setRowCount(row + 1);
-    } else {
+    if (rowCount() < row)
+        setRowCount(row + 1);
+    else
         insertRow(row);
-    }
-    if (columnCount() <= column && column < INT_MAX)
+    if (columnCount() <= column)
         setColumnCount(column + 1);
 
     // Text and image are taken whatever the mask says; only LVIF_PARAM is tested.

@@ -73,7 +73,8 @@ public:
      * it lies past the end, and adding columns up to iSubItem), then fills the
      * cell (iItem, iSubItem) with the text and the image iImage; lParam becomes
      * the item data when LVIF_PARAM is in the mask. Returns the index of the
-     * last row, whatever iItem was; -1 for a null @p pItem.
+     * last row, whatever iItem was; -1 for a null @p pItem, and -1 with the
+     * table unchanged when the table would grow past 2^25 cells.
      */
     int InsertItem(tagLVITEMW* pItem);
     /// Removes the row without emitting signals; 1 also for a row that does not exist.

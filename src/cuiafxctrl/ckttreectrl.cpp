@@ -16,11 +16,6 @@ namespace {
 constexpr unsigned int kAllStateBits = 0xFFFFFFFFu;
 constexpr unsigned int kPrivateCollapseMask = 1;
 
-bool isPseudoHandle(const QTreeWidgetItem* item)
-{
-    return item == TVI_ROOT || item == TVI_FIRST || item == TVI_LAST || item == TVI_SORT;
-}
-
 unsigned int storedState(const QTreeWidgetItem* item)
 {
     return item->data(0, KtItemRole::State).toUInt();
@@ -57,9 +52,84 @@ CKtTreeCtrl::CKtTreeCtrl(QWidget* pParent)
     setHeaderHidden(true);
     if (header())
         header()->setVisible(false);
+
+    QAbstractItemModel* items = model();
+    connect(items, &QAbstractItemModel::rowsInserted, this, &CKtTreeCtrl::trackInserted);
+    connect(items, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CKtTreeCtrl::forgetRemoved);
+    connect(items, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        ++m_structureVersion;
+        m_liveItems.clear();
+    });
+    connect(items, &QAbstractItemModel::modelReset, this, &CKtTreeCtrl::trackAll);
 }
 
-CKtTreeCtrl::~CKtTreeCtrl() = default;
+CKtTreeCtrl::~CKtTreeCtrl()
+{
+    // The model outlives this part of the object and clears itself when it
+    // goes: it must not reach the set of live items any more.
+    disconnect(model(), nullptr, this, nullptr);
+}
+
+// --- Handles --------------------------------------------------------------------
+
+QTreeWidgetItem* CKtTreeCtrl::live(QTreeWidgetItem* hItem) const
+{
+    // Pointers are compared, never followed: pseudo handles and dangling ones are simply not found.
+    if (!hItem)
+        return nullptr;
+    if (hItem == m_lastFound && m_lastFoundVersion == m_structureVersion)
+        return hItem;
+    if (hItem == invisibleRootItem() || m_liveItems.contains(hItem))
+        return hItem;
+    return nullptr;
+}
+
+QTreeWidgetItem* CKtTreeCtrl::found(QTreeWidgetItem* item) const
+{
+    m_lastFound = item;
+    m_lastFoundVersion = m_structureVersion;
+    return item;
+}
+
+void CKtTreeCtrl::trackInserted(const QModelIndex& parent, int first, int last)
+{
+    ++m_structureVersion;
+    QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
+    if (!container)
+        return;
+    for (int row = first; row <= last; ++row) {
+        QTreeWidgetItem* item = container->child(row);
+        if (!item)
+            continue;
+        m_liveItems.insert(item);
+        // An item may come with a subtree of its own (a taken item put back, say).
+        if (item->childCount() > 0)
+            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_liveItems.insert(child); });
+    }
+}
+
+void CKtTreeCtrl::forgetRemoved(const QModelIndex& parent, int first, int last)
+{
+    ++m_structureVersion;
+    QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
+    if (!container)
+        return;
+    for (int row = first; row <= last; ++row) {
+        QTreeWidgetItem* item = container->child(row);
+        if (!item)
+            continue;
+        m_liveItems.erase(item);
+        if (item->childCount() > 0)
+            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_liveItems.erase(child); });
+    }
+}
+
+void CKtTreeCtrl::trackAll()
+{
+    ++m_structureVersion;
+    m_liveItems.clear();
+    forEachDescendant(invisibleRootItem(), [this](QTreeWidgetItem* item) { m_liveItems.insert(item); });
+}
 
 // --- Image list -------------------------------------------------------------
 
@@ -134,8 +204,9 @@ QTreeWidgetItem* CKtTreeCtrl::InsertItem(const wchar_t* lpszItem, int nImage, in
     // Everything is set while the item is detached, so the model sees one insertion only.
     QTreeWidgetItem* item = newItem(ktutWideToQString(lpszItem), nImage, nSelectedImage);
 
-    // A pseudo handle is no item: as a parent it can only mean the top level.
-    if (!hParent || isPseudoHandle(hParent)) {
+    // A parent that is no item of this tree (a pseudo handle, a deleted item) means the top level.
+    hParent = live(hParent);
+    if (!hParent) {
         addTopLevelItem(item);
         return item;
     }
@@ -165,6 +236,7 @@ QTreeWidgetItem* CKtTreeCtrl::InsertItem(tagTVINSERTSTRUCT* pInsert)
 
 int CKtTreeCtrl::SetItemText(QTreeWidgetItem* hItem, const wchar_t* lpszItem)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     hItem->setData(0, Qt::DisplayRole, ktutWideToQString(lpszItem));
@@ -173,6 +245,7 @@ int CKtTreeCtrl::SetItemText(QTreeWidgetItem* hItem, const wchar_t* lpszItem)
 
 KtString CKtTreeCtrl::GetItemText(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     if (!hItem)
         return KtString(L"");
     return ktutQStringToKtString(hItem->text(0));
@@ -180,6 +253,7 @@ KtString CKtTreeCtrl::GetItemText(QTreeWidgetItem* hItem) const
 
 int CKtTreeCtrl::SetItemImage(QTreeWidgetItem* hItem, int nImage, int nSelectedImage)
 {
+    hItem = live(hItem);
     if (!KtImageListOps::hasImages(m_imageList, nImage, nSelectedImage) || !hItem)
         return 0;
     hItem->setData(0, Qt::DecorationRole, KtImageListOps::makeIcon(m_imageList, nImage, nSelectedImage));
@@ -190,6 +264,7 @@ int CKtTreeCtrl::SetItemImage(QTreeWidgetItem* hItem, int nImage, int nSelectedI
 
 int CKtTreeCtrl::GetItemImage(QTreeWidgetItem* hItem, int& nImage, int& nSelectedImage) const
 {
+    hItem = live(hItem);
     nImage = -1;
     nSelectedImage = -1;
     if (!hItem)
@@ -201,6 +276,7 @@ int CKtTreeCtrl::GetItemImage(QTreeWidgetItem* hItem, int& nImage, int& nSelecte
 
 int CKtTreeCtrl::SetItemData(QTreeWidgetItem* hItem, unsigned long long dwData)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     hItem->setData(0, KtItemRole::ItemData, qulonglong(dwData));
@@ -209,6 +285,7 @@ int CKtTreeCtrl::SetItemData(QTreeWidgetItem* hItem, unsigned long long dwData)
 
 unsigned long long CKtTreeCtrl::GetItemData(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     return hItem->data(0, KtItemRole::ItemData).toULongLong();
@@ -216,6 +293,7 @@ unsigned long long CKtTreeCtrl::GetItemData(QTreeWidgetItem* hItem) const
 
 int CKtTreeCtrl::SetItemState(QTreeWidgetItem* hItem, unsigned int nState, unsigned int nStateMask)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
 
@@ -253,6 +331,7 @@ int CKtTreeCtrl::SetItemState(QTreeWidgetItem* hItem, unsigned int nState, unsig
 
 unsigned int CKtTreeCtrl::GetItemState(QTreeWidgetItem* hItem, unsigned int nStateMask) const
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     if (nStateMask != TVIS_STATEIMAGEMASK)
@@ -276,6 +355,7 @@ unsigned int CKtTreeCtrl::GetItemState(QTreeWidgetItem* hItem, unsigned int nSta
 
 int CKtTreeCtrl::GetItemRect(QTreeWidgetItem* hItem, tagRECT* lpRect, int bTextOnly) const
 {
+    hItem = live(hItem);
     Q_UNUSED(bTextOnly);
     if (!lpRect)
         return 0;
@@ -303,14 +383,16 @@ QTreeWidgetItem* CKtTreeCtrl::GetSelectedItem() const
 
 QTreeWidgetItem* CKtTreeCtrl::GetParentItem(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     return hItem ? hItem->parent() : nullptr;
 }
 
 QTreeWidgetItem* CKtTreeCtrl::GetChildItem(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     if (!hItem)
-        return topLevelItem(0);
-    return hItem->child(0);
+        return found(topLevelItem(0));
+    return found(hItem->child(0));
 }
 
 QTreeWidgetItem* CKtTreeCtrl::containerOf(QTreeWidgetItem* hItem) const
@@ -345,21 +427,24 @@ QTreeWidgetItem* CKtTreeCtrl::siblingAt(QTreeWidgetItem* hItem, int offset) cons
     const int row = rowOf(container, hItem);
     if (row < 0)
         return nullptr;
-    return container->child(row + offset);
+    return found(container->child(row + offset));
 }
 
 QTreeWidgetItem* CKtTreeCtrl::GetNextSiblingItem(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     return siblingAt(hItem, 1);
 }
 
 QTreeWidgetItem* CKtTreeCtrl::GetPrevSiblingItem(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     return siblingAt(hItem, -1);
 }
 
 QTreeWidgetItem* CKtTreeCtrl::GetNextItem(QTreeWidgetItem* hItem, unsigned int nCode) const
 {
+    hItem = live(hItem);
     // Only bit 0 is tested: every odd code walks to the next sibling.
     if (!hItem || !(nCode & 1u))
         return nullptr;
@@ -373,6 +458,7 @@ QTreeWidgetItem* CKtTreeCtrl::GetFirstVisibleItem() const
 
 int CKtTreeCtrl::ItemHasChildren(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     return hItem && hItem->childCount() > 0 ? 1 : 0;
 }
 
@@ -433,6 +519,7 @@ QTreeWidgetItem* CKtTreeCtrl::HitTest(QPoint pt, unsigned int* pFlags) const
 
 int CKtTreeCtrl::SelectItem(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     const QList<QTreeWidgetItem*> selected = selectedItems();
     for (QTreeWidgetItem* item : selected)
         SetItemState(item, 0, TVIS_SELECTED);
@@ -443,6 +530,7 @@ int CKtTreeCtrl::SelectItem(QTreeWidgetItem* hItem)
 
 int CKtTreeCtrl::Select(QTreeWidgetItem* hItem, unsigned int nCode)
 {
+    hItem = live(hItem);
     if (nCode != TVGN_CARET)
         return 0;
     return SelectItem(hItem);
@@ -450,6 +538,7 @@ int CKtTreeCtrl::Select(QTreeWidgetItem* hItem, unsigned int nCode)
 
 int CKtTreeCtrl::SelectDropTarget(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     hItem->setFlags(hItem->flags() | Qt::ItemIsDropEnabled);
@@ -458,6 +547,7 @@ int CKtTreeCtrl::SelectDropTarget(QTreeWidgetItem* hItem)
 
 int CKtTreeCtrl::EnsureVisible(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     scrollToItem(hItem, QAbstractItemView::EnsureVisible);
@@ -466,6 +556,7 @@ int CKtTreeCtrl::EnsureVisible(QTreeWidgetItem* hItem)
 
 int CKtTreeCtrl::EditLabel(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     if (!(hItem->flags() & Qt::ItemIsEditable)) {
@@ -479,6 +570,7 @@ int CKtTreeCtrl::EditLabel(QTreeWidgetItem* hItem)
 
 int CKtTreeCtrl::Expand(QTreeWidgetItem* hItem, unsigned int nCode)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     // TVE_TOGGLE has bit 1 set and therefore always expands.
@@ -494,6 +586,7 @@ int CKtTreeCtrl::Expand(QTreeWidgetItem* hItem, unsigned int nCode)
 
 int CKtTreeCtrl::ExpandAllChild(QTreeWidgetItem* hItem, unsigned int nCode)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     if (hItem->childCount() == 0)
@@ -543,6 +636,7 @@ int CKtTreeCtrl::GetCheckBoxes() const
 
 int CKtTreeCtrl::SetCheck(QTreeWidgetItem* hItem, int fCheck)
 {
+    hItem = live(hItem);
     if (!hItem)
         return 0;
     const int state = fCheck ? Qt::Checked : Qt::Unchecked;
@@ -553,6 +647,7 @@ int CKtTreeCtrl::SetCheck(QTreeWidgetItem* hItem, int fCheck)
 
 int CKtTreeCtrl::GetCheck(QTreeWidgetItem* hItem) const
 {
+    hItem = live(hItem);
     return hItem && hItem->data(0, KtItemRole::CheckMirror).toInt() == Qt::Checked ? 1 : 0;
 }
 
@@ -560,6 +655,7 @@ int CKtTreeCtrl::GetCheck(QTreeWidgetItem* hItem) const
 
 int CKtTreeCtrl::DeleteItem(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     blockSignals(true);
     if (hItem) {
         setItemWidget(hItem, 0, nullptr);
@@ -578,6 +674,7 @@ int CKtTreeCtrl::DeleteAllItems()
 
 QPixmap CKtTreeCtrl::CreateDragImage(QTreeWidgetItem* hItem)
 {
+    hItem = live(hItem);
     QScreen* screen = QGuiApplication::primaryScreen();
     if (!screen)
         return QPixmap();

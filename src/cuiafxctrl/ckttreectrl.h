@@ -3,6 +3,7 @@
 #include "cktafxtypes.h"
 #include "cktimagelist.h"
 #include "ktcmdqtutils_export.h"
+#include "ktpointerset_p.h"
 
 #include <KtString>
 #include <QPixmap>
@@ -24,6 +25,11 @@
  * set, GetItemState(item, TVIS_STATEIMAGEMASK) reads the item's siblings,
  * ExpandAll() and CollapseAll() record the state only below the root item,
  * and HitTest() always reports 7.
+ *
+ * A handle that is not an item of this tree now (TVI_ROOT and the other
+ * pseudo handles, an item deleted or taken out by any means, an item of
+ * another tree) is treated as a null item by every call; such handles are
+ * never dereferenced.
  */
 class KTCMDQTUTILS_EXPORT CKtTreeCtrl : public QTreeWidget
 {
@@ -153,6 +159,11 @@ public:
     /// @}
 
 private:
+    QTreeWidgetItem* live(QTreeWidgetItem* hItem) const;
+    QTreeWidgetItem* found(QTreeWidgetItem* item) const;
+    void trackInserted(const QModelIndex& parent, int first, int last);
+    void forgetRemoved(const QModelIndex& parent, int first, int last);
+    void trackAll();
     QTreeWidgetItem* containerOf(QTreeWidgetItem* hItem) const;
     int rowOf(QTreeWidgetItem* container, const QTreeWidgetItem* hItem) const;
     QTreeWidgetItem* siblingAt(QTreeWidgetItem* hItem, int offset) const;
@@ -175,4 +186,14 @@ private:
         QFlags<Qt::ItemFlag> checkBoxFlags;
     };
     ItemTemplate m_itemTemplate;
+
+    // Every item of the tree, kept in step with the model's insertions and
+    // removals, so that handles can be checked before they are used.
+    KtPointerSet m_liveItems;
+    // Bumped by every insertion and removal; with it the item a navigation
+    // call returned last is known to be live without a look-up, which keeps
+    // sibling walks fast.
+    quint64 m_structureVersion = 0;
+    mutable const QTreeWidgetItem* m_lastFound = nullptr;
+    mutable quint64 m_lastFoundVersion = 0;
 };
