@@ -1,6 +1,7 @@
 #include "ckttreectrl.h"
 
 #include "ktitemroles.h"
+#include "ktpointerset_p.h"
 #include "ktstringconversion.h"
 
 #include <KtQtBlockSignalUtil>
@@ -44,8 +45,20 @@ void forEachDescendant(QTreeWidgetItem* root, Visit visit)
 
 } // namespace
 
+struct CKtTreeCtrl::LiveItems
+{
+    KtPointerSet items;
+    // Bumped by every insertion and removal; with it the item a navigation
+    // call returned last is known to be live without a look-up, which keeps
+    // sibling walks fast.
+    quint64 version = 0;
+    const QTreeWidgetItem* lastFound = nullptr;
+    quint64 lastFoundVersion = 0;
+};
+
 CKtTreeCtrl::CKtTreeCtrl(QWidget* pParent)
     : QTreeWidget(nullptr)
+    , m_live(std::make_unique<LiveItems>())
 {
     // Host dialogs place the control themselves; the parent is deliberately not taken.
     Q_UNUSED(pParent);
@@ -57,8 +70,8 @@ CKtTreeCtrl::CKtTreeCtrl(QWidget* pParent)
     connect(items, &QAbstractItemModel::rowsInserted, this, &CKtTreeCtrl::trackInserted);
     connect(items, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CKtTreeCtrl::forgetRemoved);
     connect(items, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
-        ++m_structureVersion;
-        m_liveItems.clear();
+        ++m_live->version;
+        m_live->items.clear();
     });
     connect(items, &QAbstractItemModel::modelReset, this, &CKtTreeCtrl::trackAll);
 }
@@ -77,23 +90,23 @@ QTreeWidgetItem* CKtTreeCtrl::live(QTreeWidgetItem* hItem) const
     // Pointers are compared, never followed: pseudo handles and dangling ones are simply not found.
     if (!hItem)
         return nullptr;
-    if (hItem == m_lastFound && m_lastFoundVersion == m_structureVersion)
+    if (hItem == m_live->lastFound && m_live->lastFoundVersion == m_live->version)
         return hItem;
-    if (hItem == invisibleRootItem() || m_liveItems.contains(hItem))
+    if (hItem == invisibleRootItem() || m_live->items.contains(hItem))
         return hItem;
     return nullptr;
 }
 
 QTreeWidgetItem* CKtTreeCtrl::found(QTreeWidgetItem* item) const
 {
-    m_lastFound = item;
-    m_lastFoundVersion = m_structureVersion;
+    m_live->lastFound = item;
+    m_live->lastFoundVersion = m_live->version;
     return item;
 }
 
 void CKtTreeCtrl::trackInserted(const QModelIndex& parent, int first, int last)
 {
-    ++m_structureVersion;
+    ++m_live->version;
     QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
     if (!container)
         return;
@@ -101,16 +114,16 @@ void CKtTreeCtrl::trackInserted(const QModelIndex& parent, int first, int last)
         QTreeWidgetItem* item = container->child(row);
         if (!item)
             continue;
-        m_liveItems.insert(item);
+        m_live->items.insert(item);
         // An item may come with a subtree of its own (a taken item put back, say).
         if (item->childCount() > 0)
-            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_liveItems.insert(child); });
+            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_live->items.insert(child); });
     }
 }
 
 void CKtTreeCtrl::forgetRemoved(const QModelIndex& parent, int first, int last)
 {
-    ++m_structureVersion;
+    ++m_live->version;
     QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
     if (!container)
         return;
@@ -118,17 +131,17 @@ void CKtTreeCtrl::forgetRemoved(const QModelIndex& parent, int first, int last)
         QTreeWidgetItem* item = container->child(row);
         if (!item)
             continue;
-        m_liveItems.erase(item);
+        m_live->items.erase(item);
         if (item->childCount() > 0)
-            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_liveItems.erase(child); });
+            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_live->items.erase(child); });
     }
 }
 
 void CKtTreeCtrl::trackAll()
 {
-    ++m_structureVersion;
-    m_liveItems.clear();
-    forEachDescendant(invisibleRootItem(), [this](QTreeWidgetItem* item) { m_liveItems.insert(item); });
+    ++m_live->version;
+    m_live->items.clear();
+    forEachDescendant(invisibleRootItem(), [this](QTreeWidgetItem* item) { m_live->items.insert(item); });
 }
 
 // --- Image list -------------------------------------------------------------

@@ -3,7 +3,6 @@
 #include "cktafxtypes.h"
 #include "cktimagelist.h"
 #include "ktcmdqtutils_export.h"
-#include "ktpointerset_p.h"
 
 #include <KtString>
 #include <QPixmap>
@@ -189,11 +188,6 @@ private:
 
     // Every item of the tree, kept in step with the model's insertions and
     // removals, so that handles can be checked before they are used.
-    KtPointerSet m_liveItems;
-    // Bumped by every insertion and removal; with it the item a navigation
-    // call returned last is known to be live without a look-up, which keeps
-    // sibling walks fast.
-    quint64 m_structureVersion = 0;
-    mutable const QTreeWidgetItem* m_lastFound = nullptr;
-    mutable quint64 m_lastFoundVersion = 0;
+    struct LiveItems;
+    std::unique_ptr<LiveItems> m_live;
 };
