@@ -309,6 +309,50 @@ void BM_QtBulkRead(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * BulkBytes);
 }
 
+// One 50 MiB line without a line feed: 2-byte units 'a' (and a zero unit at
+// the end), read whole by ReadString(KtString&) beside Read() of the same bytes.
+constexpr qint64 LineBytes = 50ll << 20;
+
+const QString& lineFile()
+{
+    static const QString path = [] {
+        const QString p = scratchFile("line.bin");
+        QFile file(p);
+        file.open(QIODevice::WriteOnly);
+        const QByteArray chunk = QByteArray("a\0", 2).repeated(int(BulkChunk / 2));
+        for (qint64 written = 0; written < LineBytes; written += chunk.size())
+            file.write(chunk);
+        return p;
+    }();
+    return path;
+}
+
+void BM_KtReadStringLine(benchmark::State& state)
+{
+    const QString path = lineFile();
+    for (auto _ : state) {
+        CKtFile file(wide(path).c_str(), 0);
+        CKtArchive ar(&file, 1);
+        KtString line;
+        if (!ar.ReadString(line) || line.length() != LineBytes / 2)
+            state.SkipWithError("wrong line");
+    }
+    state.SetBytesProcessed(state.iterations() * LineBytes);
+}
+
+void BM_KtReadLineBytes(benchmark::State& state)
+{
+    const QString path = lineFile();
+    std::vector<char> into(static_cast<std::size_t>(LineBytes));
+    for (auto _ : state) {
+        CKtFile file(wide(path).c_str(), 0);
+        CKtArchive ar(&file, 1);
+        if (ar.Read(into.data(), unsigned(LineBytes)) != LineBytes)
+            state.SkipWithError("short read");
+    }
+    state.SetBytesProcessed(state.iterations() * LineBytes);
+}
+
 } // namespace
 
 #define KT_FILE_CASE(fn, name)                                                                               \
@@ -336,9 +380,13 @@ KT_FILE_CASE(BM_KtBulkWrite, "Kt/BulkWrite256MiB");
 KT_FILE_CASE(BM_QtBulkWrite, "Qt/BulkWrite256MiB");
 KT_FILE_CASE(BM_KtBulkRead, "Kt/BulkRead256MiB");
 KT_FILE_CASE(BM_QtBulkRead, "Qt/BulkRead256MiB");
+KT_FILE_CASE(BM_KtReadStringLine, "Kt/ReadStringLine50MiB");
+KT_FILE_CASE(BM_KtReadLineBytes, "Kt/ReadLineBytes50MiB");
 
 int main(int argc, char** argv)
 {
     ktbench::RatioReporter reporter;
+    reporter.addComparison("Kt/ReadStringLine50MiB", "Kt/ReadLineBytes50MiB",
+        "ReadString(KtString&) of one 50 MiB line beside Read() of the same bytes; goal within 3");
     return ktbench::runBenchmarks(argc, argv, reporter);
 }

@@ -103,6 +103,8 @@ private Q_SLOTS:
     void stringReadShortKeepsOldValue();
     void readStringLine_data();
     void readStringLine();
+    void readStringStopsAtTheEnd_data();
+    void readStringStopsAtTheEnd();
     void readStringWholeLines_data();
     void readStringWholeLines();
     void bufferSizeAndCallerBuffer();
@@ -360,7 +362,10 @@ void tst_CKtArchive::readStringLine_data()
     const QByteArray cr = hex("41000d00000042000a00");
     QTest::newRow("CR swallows next") << cr << 10 << false << QVector<uint>{0xd0041} << 0xa0042u;
     QTest::newRow("CR next kept") << cr << -10 << false << QVector<uint>{0xd0041, 0x420000} << 0xa0042u;
-    QTest::newRow("empty file") << QByteArray() << 3 << false << QVector<uint>{0, 0, 0} << 0u;
+    QTest::newRow("empty file") << QByteArray() << 3 << true << QVector<uint>{} << 0u;
+    QTest::newRow("last line without a line feed")
+        << hex("410000004200") << 10 << false << QVector<uint>{0x41, 0x420000, 0x42} << 0u;
+    QTest::newRow("CR at the end") << hex("41000d00") << -10 << false << QVector<uint>{0xd0041} << 0u;
 }
 
 void tst_CKtArchive::readStringLine()
@@ -408,6 +413,37 @@ QVector<uint> readBackValues(const std::wstring& line)
 
 } // namespace
 
+void tst_CKtArchive::readStringStopsAtTheEnd_data()
+{
+    QTest::addColumn<bool>("lending");
+    QTest::addColumn<int>("bufferSize");
+    QTest::newRow("file, 128-byte buffer") << false << 128;
+    QTest::newRow("file, 4096-byte buffer") << false << 4096;
+    QTest::newRow("lending file, 128") << true << 128;
+}
+
+void tst_CKtArchive::readStringStopsAtTheEnd()
+{
+    QFETCH(bool, lending);
+    QFETCH(int, bufferSize);
+    // "ab\ncd" as WriteString writes it, the last line without a line feed.
+    const QByteArray bytes = wide(L"ab\ncd");
+    for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
+        Loader l = loader(bytes, lending, bufferSize);
+        wchar_t buffer[64];
+        QStringList lines;
+        while (l.ar->ReadString(buffer, max) && lines.size() < 10)
+            lines << QString::number(buffer[0], 16) + "/" + QString::number(std::wcslen(buffer));
+        QCOMPARE(lines.size(), 2);
+    }
+    // The whole-line form agrees: two lines, then nothing.
+    Loader l = loader(bytes, lending, bufferSize);
+    KtString text(L"old");
+    QVERIFY(l.ar->ReadString(text) && l.ar->ReadString(text));
+    QVERIFY(!l.ar->ReadString(text));
+    QCOMPARE(text.length(), 0);
+}
+
 void tst_CKtArchive::readStringWholeLines_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -421,6 +457,17 @@ void tst_CKtArchive::readStringWholeLines_data()
     const std::wstring longLine(200, L'x');
     QTest::newRow("longer than a part")
         << wide(longLine + L"\n") << QVector<QVector<uint>>{readBackValues(longLine), {}};
+    // The line end in every lane of the eight-character blocks read at once.
+    for (int n = 1; n <= 12; ++n) {
+        const std::wstring line(std::size_t(n), L'y');
+        QTest::addRow("%d characters", n)
+            << wide(line + L"\n") << QVector<QVector<uint>>{readBackValues(line), {}};
+    }
+    // A NUL ends the text; what follows up to the line feed is read and dropped.
+    const std::wstring beforeNul = L"abcdefghijklmnopq";
+    QTest::newRow("NUL inside") << wide(beforeNul + std::wstring(1, L'\0') + L"rst\nu\n")
+                                << QVector<QVector<uint>>{
+                                       readBackValues(beforeNul).mid(0, 33), {0x750000, 0x75, 0xa0000}, {}};
     const std::wstring part(64, L'p'); // 128 values, the last one being 0xa0000
     QTest::newRow("exactly a part") << wide(part + L"\n") << QVector<QVector<uint>>{readBackValues(part), {}};
     const QString utf16 = QStringLiteral("one\ntwo\n");

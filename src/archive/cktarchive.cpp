@@ -298,6 +298,18 @@ void CKtArchiveState::forgetLentBuffer()
 // of the memory they read as 0 and the position stays at that end. Without any
 // buffer (an aborted archive) @p value is left as it is. Returns false when the
 // consumed bytes were not all data.
+unsigned long long CKtArchiveState::supply() const
+{
+    unsigned long long bytes = available() > 0 ? static_cast<unsigned long long>(available()) : 0;
+    if (m_pFile) {
+        const unsigned long long length = m_pFile->GetLength();
+        const unsigned long long position = m_pFile->GetPosition();
+        if (length > position)
+            bytes += length - position;
+    }
+    return bytes;
+}
+
 bool CKtArchiveState::load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive)
 {
     if (m_lpBufCur && available() >= std::ptrdiff_t(width)) {

@@ -58,7 +58,16 @@ private:
     void store(const void* value, std::size_t size, CKtArchive* archive);
     bool load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive);
     bool loadCharacter(wchar_t& ch, CKtArchive* archive);
-    wchar_t* readLine(wchar_t* buffer, unsigned int max, bool stopAtEnd, CKtArchive* archive);
+    struct LinePart
+    {
+        bool line = false; ///< false: no line (end of the data, or an empty line dropped)
+        unsigned int stored = 0; ///< characters stored, line end included when kept
+        int firstNul = -1; ///< where a NUL character was stored first, or -1
+    };
+    /// One line of up to @p stop characters into @p buffer, terminated.
+    LinePart readLine(wchar_t* buffer, unsigned int stop, bool keepLineEnd, CKtArchive* archive);
+    /// Bytes the buffer and the file can still give; what the file holds counts only when it tells.
+    unsigned long long supply() const;
 };
 
 /**
@@ -168,7 +177,8 @@ public:
      * Reads one line of 2-byte characters into @p buffer, which holds |max| + 1
      * characters. @p max is taken as signed: negative keeps the line end, positive
      * drops it and returns null for an empty line. A carriage return swallows the
-     * next character. Returns @p buffer, or null.
+     * next character. The end of the data ends the line. Returns @p buffer, or
+     * null (also when nothing at all was left to read).
      */
     wchar_t* ReadString(wchar_t* buffer, unsigned int max);
     /**

@@ -3,16 +3,25 @@
 #include "cktarchive_p.h"
 
 #include <algorithm>
+#include <cstring>
 #include <cwchar>
 #include <limits>
 #include <new>
 #include <vector>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace {
 
-// Strings longer than this are read piece by piece, so that a length prefix
-// claiming more than the file holds never allocates for it.
-constexpr unsigned long long StringPiece = 1u << 20;
+// Strings longer than the stack array are read piece by piece, each piece no
+// larger than what the buffer and the file can still give (at least the first
+// piece, growing with what arrived where the file cannot tell, at most the
+// last piece): a length prefix that claims more than the file holds costs at
+// most one first piece.
+constexpr unsigned long long FirstPiece = 1u << 12;
+constexpr unsigned long long LastPiece = 1u << 20;
 
 } // namespace
 
@@ -109,7 +118,8 @@ CKtArchive& CKtArchive::operator>>(KtString& value)
         if (length > std::size(small)) {
             unsigned long long got = 0;
             while (got < bytes) {
-                const unsigned long long piece = std::min(bytes - got, StringPiece);
+                const unsigned long long supply = std::max({FirstPiece, d->supply(), got});
+                const unsigned long long piece = std::min({bytes - got, LastPiece, supply});
                 large.resize(std::size_t((got + piece) / 2));
                 const unsigned int n
                     = Read(reinterpret_cast<unsigned char*>(large.data()) + got, unsigned(piece));
@@ -141,66 +151,117 @@ void CKtArchive::WriteString(const wchar_t* text)
         Write(text, unsigned(std::wcslen(text) * sizeof(wchar_t)));
 }
 
-wchar_t* CKtArchiveState::readLine(wchar_t* buffer, unsigned int max, bool stopAtEnd, CKtArchive* archive)
+CKtArchiveState::LinePart CKtArchiveState::readLine(
+    wchar_t* buffer, unsigned int stop, bool keepLineEnd, CKtArchive* archive)
 {
-    const bool keepLineEnd = static_cast<int>(max) < 0;
-    const unsigned int stop = keepLineEnd ? 0u - max : max;
+    LinePart part;
     if (!buffer || stop == 0 || !loading())
-        return nullptr;
-    unsigned int stored = 0;
+        return part;
+    unsigned int& stored = part.stored;
     while (stored < stop) {
+        // Characters whose 4 compared bytes are all in the buffer are read in
+        // place, in one tight loop: the same 2 bytes consumed and 4 compared as
+        // loadCharacter(), without a call per character.
+        const std::ptrdiff_t inBuffer = m_lpBufCur ? m_lpBufMax - m_lpBufCur : 0;
+        if (inBuffer >= 4) {
+            const unsigned char* cur = m_lpBufCur;
+            const std::size_t n = std::min<std::size_t>(stop - stored, std::size_t(inBuffer - 2) / 2);
+            std::size_t k = 0;
+#if defined(__SSE2__)
+            // Eight characters at a time while none of them can end the line or
+            // be a NUL: character k is the 32 bits of units k and k + 1, and only
+            // values up to 13 (unit k + 1 zero, unit k at most 13) need a look.
+            // Units k + 1 .. k + 8 must be in the buffer: n - 1 >= k + 8.
+            const __m128i zero = _mm_setzero_si128();
+            const __m128i thirteen = _mm_set1_epi16(13);
+            for (; k + 9 <= n; k += 8) {
+                const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k));
+                const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k + 2));
+                const __m128i small = _mm_cmpeq_epi16(_mm_subs_epu16(lo, thirteen), zero);
+                if (_mm_movemask_epi8(_mm_and_si128(small, _mm_cmpeq_epi16(hi, zero))))
+                    break;
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored), _mm_unpacklo_epi16(lo, hi));
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored + 4), _mm_unpackhi_epi16(lo, hi));
+                stored += 8;
+            }
+#endif
+            for (; k < n; ++k) {
+                quint32 raw;
+                std::memcpy(&raw, cur + 2 * k, 4);
+                if (raw <= 13) {
+                    if (raw == 10 || raw == 13)
+                        break;
+                    if (raw == 0 && part.firstNul < 0)
+                        part.firstNul = int(stored);
+                }
+                buffer[stored++] = wchar_t(raw);
+            }
+            m_lpBufCur = const_cast<unsigned char*>(cur) + 2 * k;
+            if (k == n)
+                continue;
+        }
         wchar_t ch = 0;
-        if (!loadCharacter(ch, archive) && stopAtEnd) {
+        if (!loadCharacter(ch, archive)) {
+            // The end of the data ends the line: past it there would only be the
+            // stale bytes of the buffer, and never a line feed to stop at.
             if (stored == 0)
-                return nullptr;
+                return part;
             break;
         }
         if (ch == 10 || ch == 13) {
             // A carriage return takes the next character with it, taken to be the line feed.
-            if (ch == 13 && !loadCharacter(ch, archive) && stopAtEnd)
+            if (ch == 13 && !loadCharacter(ch, archive))
                 break;
             if (keepLineEnd)
                 buffer[stored++] = ch;
             else if (stored == 0)
-                return nullptr;
+                return part;
             break;
         }
+        if (ch == 0 && part.firstNul < 0)
+            part.firstNul = int(stored);
         buffer[stored++] = ch;
     }
     buffer[stored] = 0;
-    return buffer;
+    part.line = true;
+    return part;
 }
 
 wchar_t* CKtArchive::ReadString(wchar_t* buffer, unsigned int max)
 {
-    return d->readLine(buffer, max, false, this);
+    // The sign of max chooses whether the line end is kept.
+    const bool keepLineEnd = static_cast<int>(max) < 0;
+    return d->readLine(buffer, keepLineEnd ? 0u - max : max, keepLineEnd, this).line ? buffer : nullptr;
 }
 
 bool CKtArchive::ReadString(KtString& text)
 {
-    constexpr int Part = 128;
+    // Parts of up to 128 characters, line end kept, each appended at the end of
+    // the text. The text's buffer grows geometrically and the length is kept
+    // here, so a long line costs time in proportion to its length.
+    constexpr unsigned int Part = 128;
     text = KtString();
     int length = 0;
-    wchar_t* chars = text.getBuffer(Part);
+    int capacity = 0;
+    wchar_t* chars = nullptr;
     bool gotLine = false;
     for (;;) {
-        // The end of the data ends the line: past it there would only be the
-        // stale bytes of the buffer, and never a line feed to stop at.
-        const wchar_t* part = d->readLine(chars + length, 0u - unsigned(Part), true, this);
-        text.releaseBuffer(-1);
-        if (!part)
+        if (capacity - length < int(Part) + 1) {
+            capacity = std::max(length + int(Part) + 1, capacity * 2);
+            chars = text.getBuffer(capacity);
+        }
+        const CKtArchiveState::LinePart part = d->readLine(chars + length, Part, true, this);
+        if (!part.line)
             break;
         gotLine = true;
-        const int partLength = text.length() - length;
-        if (partLength < Part || text.at(text.length() - 1) == L'\n')
+        // A NUL read from the data ends the text there, as a terminator would.
+        const unsigned int partLength = part.firstNul >= 0 ? unsigned(part.firstNul) : part.stored;
+        length += int(partLength);
+        if (partLength < Part || chars[length - 1] == L'\n')
             break;
-        length = text.length();
-        chars = text.getBuffer(length + Part);
     }
-    const int total = text.length();
-    if (total > 0 && text.at(total - 1) == L'\n') {
-        text.getBuffer(total - 1);
-        text.releaseBuffer(total - 1);
-    }
+    if (length > 0 && chars[length - 1] == L'\n')
+        --length;
+    text.releaseBuffer(length);
     return gotLine;
 }
