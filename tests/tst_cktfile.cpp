@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <climits>
+
 namespace {
 
 std::wstring wide(const QString& text)
@@ -45,6 +47,8 @@ private Q_SLOTS:
     void names();
     void nonAsciiPaths_data();
     void nonAsciiPaths();
+    void pathsOfNonCharacters_data();
+    void pathsOfNonCharacters();
     void status();
     void abortOnlyAnnounces();
     void readWriteCounts();
@@ -252,6 +256,54 @@ void tst_CKtFile::nonAsciiPaths()
     QVERIFY(QFile::exists(renamed));
     CKtFile::Remove(wide(renamed).c_str());
     QVERIFY(!QFile::exists(renamed));
+}
+
+void tst_CKtFile::pathsOfNonCharacters_data()
+{
+    QTest::addColumn<int>("unit"); // between "a" and "b" in the file name
+    QTest::addColumn<bool>("valid");
+    // clang-format off
+    QTest::newRow("U+FFFD itself") << 0xFFFD << true;
+    QTest::newRow("high surrogate") << 0xD800 << false;
+    QTest::newRow("low surrogate") << 0xDC00 << false;
+    QTest::newRow("past U+10FFFF") << 0x110000 << false;
+    QTest::newRow("negative") << -1 << false;
+    QTest::newRow("INT_MIN") << INT_MIN << false;
+    // clang-format on
+}
+
+void tst_CKtFile::pathsOfNonCharacters()
+{
+    QFETCH(int, unit);
+    QFETCH(bool, valid);
+    // Every one of these names would become "a\uFFFDb" on its way to Qt.
+    const QString target = fileWith(QStringLiteral("a\uFFFDb"), "keep");
+    std::wstring path = wide(m_dir.filePath(QStringLiteral("a")));
+    path += wchar_t(unit);
+    path += L'b';
+    const std::wstring other = wide(m_dir.filePath(QStringLiteral("other")));
+
+    CKtFile file(path.c_str(), 2);
+    QCOMPARE(file.isOpen(), valid);
+    if (!valid) {
+        QVERIFY(!file.errorString().isEmpty());
+        QVERIFY(!file.Open(path.c_str(), 1));
+        QCOMPARE(qt(file.GetFilePath()), QString());
+    }
+    file.Close();
+    CKtFileStatus status;
+    QCOMPARE(CKtFile::GetStatus(path.c_str(), status), valid);
+    CKtFile::Rename(path.c_str(), other.c_str());
+    QCOMPARE(QFile::exists(target), !valid);
+    if (valid)
+        CKtFile::Rename(other.c_str(), path.c_str());
+    CKtFile::Remove(path.c_str());
+    QCOMPARE(QFile::exists(target), !valid);
+    if (!valid) {
+        QFile kept(target);
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), QByteArray("keep"));
+    }
 }
 
 void tst_CKtFile::status()

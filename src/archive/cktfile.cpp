@@ -63,6 +63,13 @@ QIODevice::OpenMode openModeOf(unsigned int flags)
     return mode;
 }
 
+// A wide path whose characters are not all code points would turn into
+// U+FFFD on the way to Qt and could name another file: it names none.
+bool isUsablePath(const wchar_t* path)
+{
+    return ktutIsWellFormedWide(path);
+}
+
 void fillStatus(const QFileInfo& info, CKtFileStatus& status)
 {
     status.m_ctime = info.birthTime();
@@ -129,13 +136,22 @@ KtString CKtFile::GetFilePath() const
 
 void CKtFile::SetFilePath(const wchar_t* path)
 {
-    setFileName(ktutWideToQString(path));
+    setFileName(!path || isUsablePath(path) ? ktutWideToQString(path) : QString());
 }
 
 bool CKtFile::Open(const wchar_t* name, unsigned int flags)
 {
     if (!name)
         return false;
+    if (!isUsablePath(name)) {
+        // Refused before Qt sees it; the name is dropped so that nothing
+        // refers to the file that the mangled name would have named.
+        if (isOpen())
+            close();
+        setFileName(QString());
+        setErrorString(QStringLiteral("The file name holds characters that are not Unicode code points"));
+        return false;
+    }
     setFileName(ktutWideToQString(name));
     return open(openModeOf(flags));
 }
@@ -224,16 +240,20 @@ bool CKtFile::GetStatus(CKtFileStatus& status) const
 
 bool CKtFile::GetStatus(const wchar_t* path, CKtFileStatus& status)
 {
+    if (path && !isUsablePath(path))
+        return false;
     fillStatus(QFileInfo(ktutWideToQString(path)), status);
     return true;
 }
 
 void CKtFile::Rename(const wchar_t* oldName, const wchar_t* newName)
 {
-    QFile::rename(ktutWideToQString(oldName), ktutWideToQString(newName));
+    if (isUsablePath(oldName) && isUsablePath(newName))
+        QFile::rename(ktutWideToQString(oldName), ktutWideToQString(newName));
 }
 
 void CKtFile::Remove(const wchar_t* name)
 {
-    QFile::remove(ktutWideToQString(name));
+    if (isUsablePath(name))
+        QFile::remove(ktutWideToQString(name));
 }

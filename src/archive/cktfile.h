@@ -50,12 +50,16 @@ public:
     virtual KtString GetFileTitle() const;
     /// The file name made absolute against the current directory.
     virtual KtString GetFilePath() const;
-    /// Sets the file name only: nothing is opened, closed or checked.
+    /// Sets the file name only: nothing is opened or closed. A path that is not all code points leaves no
+    /// name.
     virtual void SetFilePath(const wchar_t* path);
     /**
      * Sets the file name and opens it: access bits 0 read, 1 write, 2 and 3
      * read-write; bit 0x4000 adds text mode. Every other bit is ignored. A null
-     * @p name returns false and keeps the current name.
+     * @p name returns false and keeps the current name. A name with characters
+     * that are no Unicode code points (surrogates, values past U+10FFFF or
+     * negative) opens nothing: the file is closed, left without a name, and
+     * false is returned.
      */
     virtual bool Open(const wchar_t* name, unsigned int flags);
     /**
@@ -98,10 +102,13 @@ public:
     /// Fills @p status from the file name; returns true, even for a missing file.
     bool GetStatus(CKtFileStatus& status) const;
 
-    /// Fills @p status for @p path; returns true, even for a missing file.
+    /**
+     * Fills @p status for @p path; returns true, even for a missing file. A path
+     * that is not all code points fills nothing and returns false.
+     */
     static bool GetStatus(const wchar_t* path, CKtFileStatus& status);
-    /// Renames a file; the outcome is not reported.
+    /// Renames a file; the outcome is not reported. Paths that are not all code points touch nothing.
     static void Rename(const wchar_t* oldName, const wchar_t* newName);
-    /// Removes a file; the outcome is not reported.
+    /// Removes a file; the outcome is not reported. A path that is not all code points touches nothing.
     static void Remove(const wchar_t* name);
 };

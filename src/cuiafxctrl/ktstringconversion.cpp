@@ -11,6 +11,26 @@ KtString ktutQStringToKtString(const QString& str)
     return KtString(utf8.constData(), KtString::UTF8);
 }
 
+namespace {
+
+bool isCodePoint(wchar_t ch)
+{
+    return ch >= 0 && ch <= 0x10FFFF && !(ch >= 0xD800 && ch <= 0xDFFF);
+}
+
+} // namespace
+
+bool ktutIsWellFormedWide(const wchar_t* str)
+{
+    if (!str)
+        return false;
+    for (; *str; ++str) {
+        if (!isCodePoint(*str))
+            return false;
+    }
+    return true;
+}
+
 QString ktutWideToQString(const wchar_t* str)
 {
     // Text made only of valid code points (and no byte order mark, which the
@@ -19,9 +39,8 @@ QString ktutWideToQString(const wchar_t* str)
     // which decides what malformed units become.
     if (str && *str) {
         const std::size_t length = std::wcslen(str);
-        const bool plain = std::none_of(str, str + length, [](wchar_t ch) {
-            return ch <= 0 || ch > 0x10FFFF || (ch >= 0xD800 && ch <= 0xDFFF) || ch == 0xFEFF;
-        });
+        const bool plain
+            = std::all_of(str, str + length, [](wchar_t ch) { return isCodePoint(ch) && ch != 0xFEFF; });
         if (plain && length <= std::size_t(std::numeric_limits<int>::max()))
             return QString::fromWCharArray(str, int(length));
     }

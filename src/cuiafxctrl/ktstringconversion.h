@@ -21,5 +21,12 @@ KTCMDQTUTILS_EXPORT KtString ktutQStringToKtString(const QString& str);
  */
 KTCMDQTUTILS_EXPORT QString ktutWideToQString(const wchar_t* str);
 
+/**
+ * True when every character of the NUL-terminated @p str is a Unicode code
+ * point (0 to 0x10FFFF, no surrogate); false for a null pointer. Paths that
+ * fail this would all turn into U+FFFD and name the same file.
+ */
+KTCMDQTUTILS_EXPORT bool ktutIsWellFormedWide(const wchar_t* str);
+
 /// KtString to QString: its utf8Ptr() up to the first NUL, through QString::fromUtf8.
 KTCMDQTUTILS_EXPORT QString ktutKtStringToQString(const KtString& str);
