@@ -1,8 +1,9 @@
 // CKtArchive's readers fed with arbitrary file content.
 //
 // Input: byte 0 chooses the set-up (bit 0: 128- or 4096-byte buffer; bit 1: a
-// file that lends its own buffers; bit 2: that file reads blocking), byte 1 the
-// number of operations, then one byte per operation, then the file content.
+// file that lends its own buffers, else one read through Read(); bit 2: the
+// lending file reads blocking), byte 1 the number of operations, then one byte
+// per operation, then the file content. The file lives in memory.
 // Whatever the content, every extraction stays inside the archive's memory and
 // no string allocates for more characters than the file holds.
 #include "fuzzcheck.h"
@@ -10,10 +11,6 @@
 
 #include <CKtArchive>
 #include <CKtFile>
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 
 #include <algorithm>
 #include <cstdint>
@@ -23,16 +20,6 @@
 #include <vector>
 
 namespace {
-
-const std::wstring& scratchPath()
-{
-    // Memory-backed when the system has it: the file is rewritten for every input.
-    const QDir dir(QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath());
-    static const std::wstring path
-        = dir.filePath(QStringLiteral("fuzz_cktarchive-%1.bin").arg(QCoreApplication::applicationPid()))
-              .toStdWString();
-    return path;
-}
 
 template <typename T>
 void extract(CKtArchive& ar)
@@ -136,17 +123,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray content(reinterpret_cast<const char*>(ops + operations), int(size - 2 - operations));
     const int bufferSize = (setup & 1) ? 4096 : 128;
 
-    std::unique_ptr<CKtFile> file;
-    if (setup & 2) {
-        file = std::make_unique<MemoryLendingFile>(content, (setup & 4) ? 3u : 1u);
-    } else {
-        QFile out(QString::fromStdWString(scratchPath()));
-        FUZZ_CHECK(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        out.write(content);
-        out.close();
-        file = std::make_unique<CKtFile>(scratchPath().c_str(), 0);
-        FUZZ_CHECK(file->isOpen());
-    }
+    // Without the direct-buffer capability the archive fills its own buffer through Read().
+    const unsigned int capabilities = (setup & 2) ? ((setup & 4) ? 3u : 1u) : 0u;
+    auto file = std::make_unique<MemoryLendingFile>(content, capabilities);
     {
         CKtArchive ar(file.get(), 1, bufferSize);
         for (std::size_t i = 0; i < operations; ++i)

@@ -15,8 +15,10 @@
 namespace {
 
 // The most cells (rows times columns) the structure form of InsertItem lets
-// the table grow to: 2^25 cells, a quarter of a gigabyte of item pointers.
-constexpr qint64 kMaxCells = qint64(1) << 25;
+// the table grow to: 2^22 cells. The model keeps a pointer per cell and the
+// header a record per row, so this is already some 100 MB; a dialog's list
+// never comes near it, and a bogus index far beyond it must not cost that.
+constexpr qint64 kMaxCells = qint64(1) << 22;
 
 int headerAlignment(int nFormat)
 {

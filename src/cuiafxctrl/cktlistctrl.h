@@ -74,7 +74,7 @@ public:
      * cell (iItem, iSubItem) with the text and the image iImage; lParam becomes
      * the item data when LVIF_PARAM is in the mask. Returns the index of the
      * last row, whatever iItem was; -1 for a null @p pItem, and -1 with the
-     * table unchanged when the table would grow past 2^25 cells.
+     * table unchanged when the table would grow past 2^22 cells.
      */
     int InsertItem(tagLVITEMW* pItem);
     /// Removes the row without emitting signals; 1 also for a row that does not exist.
