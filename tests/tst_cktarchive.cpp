@@ -322,6 +322,8 @@ void tst_CKtArchive::stringReadShortKeepsOldValue_data()
     QTest::newRow("length wraps when doubled") << hex("ffffff01000080"
                                                       "4100420043004400");
     QTest::newRow("long but short") << QByteArray(hex("ffa00f") + QByteArray(3000, 'a'));
+    // What the file still holds is an odd number of bytes: pieces stay whole characters.
+    QTest::newRow("odd supply") << QByteArray(hex("ff1027") + QByteArray(5001, 'a'));
 }
 
 void tst_CKtArchive::stringReadShortKeepsOldValue()

@@ -119,7 +119,9 @@ CKtArchive& CKtArchive::operator>>(KtString& value)
             unsigned long long got = 0;
             while (got < bytes) {
                 const unsigned long long supply = std::max({FirstPiece, d->supply(), got});
-                const unsigned long long piece = std::min({bytes - got, LastPiece, supply});
+                // Whole characters only (bytes - got is even, so rounding up stays inside it).
+                unsigned long long piece = std::min({bytes - got, LastPiece, supply});
+                piece += piece & 1u;
                 large.resize(std::size_t((got + piece) / 2));
                 const unsigned int n
                     = Read(reinterpret_cast<unsigned char*>(large.data()) + got, unsigned(piece));
