@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+class CJxRxObject;
+
 /**
  * @brief Run-time class description of a host object type.
  *
@@ -21,6 +23,18 @@ public:
     const CJxRxClass* parent() const { return m_parent; }
     /// True when this class is @p other or derives from it.
     bool isDerivedFrom(const CJxRxClass* other) const;
+
+    /**
+     * The protocol extension of class @p protocol attached to this class or,
+     * failing that, to the nearest base class that has one; null when none.
+     */
+    CJxRxObject* queryX(const CJxRxClass* protocol) const;
+    /**
+     * Attaches @p extension as this class's protocol extension of class
+     * @p protocol (null removes it); returns the one it replaces. The caller
+     * keeps ownership. Thread-safe.
+     */
+    CJxRxObject* addX(const CJxRxClass* protocol, CJxRxObject* extension) const;
 
 private:
     const wchar_t* m_name;
@@ -44,6 +58,8 @@ public:
     virtual const CJxRxClass* isA() const;
     /// True when the object is of class @p cls or of a class derived from it.
     bool isKindOf(const CJxRxClass* cls) const;
+    /// The protocol extension of class @p protocol of the object's class (see CJxRxClass::queryX()).
+    CJxRxObject* queryX(const CJxRxClass* protocol) const;
 
     static void* operator new(std::size_t size);
     static void operator delete(void* p) noexcept;

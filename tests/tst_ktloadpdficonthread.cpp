@@ -1,0 +1,191 @@
+// Tests of KtLoadPdfIconThread and KtMutexAutoLock: the loop and its signals,
+// stopping, the pixel formats of page images, host errors, the mutex.
+
+#include "fakeunderlay.h"
+
+#include <KtLoadPdfIconThread>
+#include <KtMutexAutoLock>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <thread>
+
+Q_DECLARE_METATYPE(KtDbPixelFormat)
+
+namespace {
+
+// Whether another thread could take @p mutex right now.
+bool lockedElsewhere(pthread_mutex_t* mutex)
+{
+    bool busy = false;
+    std::thread([&] {
+        busy = pthread_mutex_trylock(mutex) != 0;
+        if (!busy)
+            pthread_mutex_unlock(mutex);
+    }).join();
+    return busy;
+}
+
+struct Run
+{
+    QList<int> indexes;
+    QList<QPixmap> images;
+    int finished = 0;
+};
+
+// Runs @p thread to its end and collects what it emitted.
+Run runToEnd(KtLoadPdfIconThread& thread)
+{
+    Run run;
+    const QMetaObject::Connection pages = QObject::connect(
+        &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread,
+        [&run](const QPixmap& image, int index) {
+            run.indexes << index;
+            run.images << image;
+        },
+        Qt::DirectConnection);
+    const QMetaObject::Connection finished = QObject::connect(
+        &thread, &KtLoadPdfIconThread::finishedPreview, &thread, [&run] { ++run.finished; },
+        Qt::DirectConnection);
+    thread.start();
+    thread.wait();
+    QObject::disconnect(pages);
+    QObject::disconnect(finished);
+    return run;
+}
+
+} // namespace
+
+class TestKtLoadPdfIconThread : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyArrays_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::newRow("0") << 0;
+        QTest::newRow("-5") << -5;
+    }
+    void emptyArrays()
+    {
+        QFETCH(int, count);
+        KtLoadPdfIconThread thread;
+        thread.setItemCount(count);
+        const Run run = runToEnd(thread);
+        QVERIFY(run.indexes.isEmpty());
+        QCOMPARE(run.finished, 1);
+    }
+
+    void everyPageInOrder()
+    {
+        FakeDocument document(10);
+        document.page(3).fails = true;
+        document.page(6).throws = true;
+        KtLoadPdfIconThread thread(nullptr);
+        thread.setItemCount(3); // grows past the growth step below, keeping its entries
+        thread.setItem(0, &document.page(0));
+        thread.setItemCount(10);
+        for (int i = 1; i < 10; ++i)
+            thread.setItem(i == 8 ? 99 : i, i == 5 ? nullptr : &document.page(i));
+        const Run run = runToEnd(thread);
+        QCOMPARE(run.indexes, (QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+        QCOMPARE(run.finished, 1);
+        // A null item (5, and 8 whose setItem missed the array), a failed and a throwing page: empty images.
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(run.images.at(i).isNull(), i == 3 || i == 5 || i == 6 || i == 8);
+        QCOMPARE(document.page(0).lastMaxSize.load(), -1); // type 0 asks image()
+
+        thread.setType(7);
+        thread.setItemCount(1);
+        QCOMPARE(thread.getType(), 7);
+        QCOMPARE(runToEnd(thread).indexes.size(), 1);
+        QCOMPARE(document.page(0).lastMaxSize.load(), 256); // other types ask getImage(out, 256)
+        thread.clear();
+        QVERIFY(runToEnd(thread).indexes.isEmpty());
+    }
+
+    void pixelFormats_data()
+    {
+        // Each pixel's bytes in memory are 10 20 30 40 (32 bits) or 10 20 30 (24 bits, at x = 0).
+        QTest::addColumn<KtDbPixelFormat>("format");
+        QTest::addColumn<QColor>("color"); // of the first pixel
+        // clang-format off
+        QTest::newRow("RGBX8888: alpha ignored") << pixelFormat(0, 8, 16, 24, 32) << QColor(0x10, 0x20, 0x30);
+        QTest::newRow("ARGB32") << pixelFormat(16, 8, 0, 24, 32) << QColor(0x30, 0x20, 0x10, 0x40);
+        QTest::newRow("24 bits: RGB888") << pixelFormat(0, 8, 16, 0, 24) << QColor(0x10, 0x20, 0x30);
+        QTest::newRow("BGR in 24 bits: RGB888 all the same") << pixelFormat(16, 8, 0, 0, 24) << QColor(0x10, 0x20, 0x30);
+        QTest::newRow("32 bits, other order: RGB888") << pixelFormat(24, 16, 8, 0, 32) << QColor(0x10, 0x20, 0x30);
+        // clang-format on
+    }
+    void pixelFormats()
+    {
+        QFETCH(KtDbPixelFormat, format);
+        QFETCH(QColor, color);
+        FakePage page(format, 0);
+        KtLoadPdfIconThread thread;
+        const QImage image = thread.getImage(&page).toImage();
+        QCOMPARE(image.size(), QSize(4, 2));
+        QCOMPARE(image.pixelColor(0, 0).rgba(), color.rgba());
+    }
+
+    void stopEndsAfterThePageInProgress()
+    {
+        FakeDocument document(5);
+        QSemaphore gate;
+        for (int i = 0; i < 5; ++i)
+            document.page(i).gate = &gate;
+        KtLoadPdfIconThread thread;
+        thread.setItemCount(5);
+        for (int i = 0; i < 5; ++i)
+            thread.setItem(i, &document.page(i));
+        QSignalSpy finished(&thread, &KtLoadPdfIconThread::finishedPreview);
+        QSignalSpy pages(&thread, &KtLoadPdfIconThread::sendPageQPixmap);
+        thread.start();
+        gate.release(); // page 0
+        QTRY_COMPARE(pages.count(), 1);
+        QTRY_COMPARE(document.page(1).lastMaxSize.load(), -1); // page 1 is waiting
+        thread.stop();
+        gate.release();
+        QVERIFY(thread.wait(5000));
+        QCOMPARE(pages.count(), 2); // the page in progress, nothing after it
+        QCOMPARE(finished.count(), 1);
+        // Stopped, nothing starts; filling the array clears the flag again.
+        QVERIFY(thread.getImage(&document.page(0)).isNull());
+        thread.setItemCount(1);
+        gate.release();
+        QVERIFY(!thread.getImage(&document.page(0)).isNull());
+    }
+
+    void mutexHeldWhileEmitting()
+    {
+        FakePage page;
+        KtLoadPdfIconThread thread;
+        thread.setItemCount(1);
+        thread.setItem(0, &page);
+        pthread_mutex_t* mutex = thread.getMutex();
+        bool heldDuringEmission = false;
+        bool recursive = false;
+        connect(
+            &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread,
+            [&](const QPixmap&, int) {
+                heldDuringEmission = lockedElsewhere(mutex);
+                KtMutexAutoLock again(mutex); // the emitting thread may take it again
+                recursive = true;
+            },
+            Qt::DirectConnection);
+        thread.start();
+        QVERIFY(thread.wait(5000));
+        QVERIFY(heldDuringEmission && recursive);
+        QVERIFY(!lockedElsewhere(mutex));
+
+        KtMutexAutoLock lock(mutex);
+        QVERIFY(lockedElsewhere(mutex));
+        lock.unlock();
+        QVERIFY(!lockedElsewhere(mutex));
+        KtMutexAutoLock none(nullptr); // nothing to lock, nothing to unlock
+    }
+};
+
+QTEST_MAIN(TestKtLoadPdfIconThread)
+#include "tst_ktloadpdficonthread.moc"

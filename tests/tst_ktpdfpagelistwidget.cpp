@@ -1,0 +1,283 @@
+// Tests of KtPdfPageListWidget on real PDFs (written here with QPdfWriter),
+// broken files, a raster document and made-up documents of the host service.
+
+#include "fakeunderlay.h"
+
+#include <CJxServiceDictionary>
+#include <CJxSystem>
+#include <KtPdfPageListWidget>
+#include <KtUiMessageBox>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+// A PDF of @p pages pages of A4, every third one in landscape, each with its number in large type.
+QString writePdf(const QString& path, int pages)
+{
+    QPdfWriter writer(path);
+    writer.setResolution(72);
+    QPainter painter(&writer);
+    for (int i = 0; i < pages; ++i) {
+        if (i > 0) {
+            writer.setPageOrientation(i % 3 == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
+            writer.newPage();
+        }
+        painter.setFont(QFont(QStringLiteral("Sans"), 60));
+        painter.drawText(QRect(0, 0, 400, 300), Qt::AlignCenter, QString::number(i + 1));
+    }
+    return path;
+}
+
+QString writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(bytes);
+    return path;
+}
+
+// Answers every message box and remembers the texts.
+struct MessageBoxes
+{
+    QStringList texts;
+    KtUiMessageBoxHandler previous;
+    MessageBoxes()
+    {
+        previous = ktuiSetMessageBoxHandler(
+            [this](const QString& a, const QString& b, int flags, QWidget* parent) {
+                texts << a << b << QString::number(flags) << QString::number(parent != nullptr);
+                return 0;
+            });
+    }
+    ~MessageBoxes() { ktuiSetMessageBoxHandler(previous); }
+};
+
+// Puts @p service in place of the host's service 423 while alive.
+struct Service423
+{
+    CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
+    CJxRxObject* original = services->getService(KtDbRasterDocumentServiceId);
+    explicit Service423(CJxRxObject* service)
+    {
+        services->unregisterService(KtDbRasterDocumentServiceId);
+        if (service)
+            services->registerService(KtDbRasterDocumentServiceId, service);
+    }
+    ~Service423()
+    {
+        services->unregisterService(KtDbRasterDocumentServiceId);
+        services->registerService(KtDbRasterDocumentServiceId, original);
+    }
+};
+
+struct FakeService : KtDbUnderlayDocumentService
+{
+    FakeDocument document{4, {1}};
+    KtDbUnderlayFile* openDocument(const KtString&) override { return &document; }
+};
+
+struct OtherObject : CJxRxObject
+{
+};
+
+QStringList texts(const QListWidget& list)
+{
+    QStringList result;
+    for (int row = 0; row < list.count(); ++row)
+        result << list.item(row)->text() + "#" + list.item(row)->data(Qt::UserRole).toString();
+    return result;
+}
+
+} // namespace
+
+class TestKtPdfPageListWidget : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString m_three, m_many;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_three = writePdf(m_dir.filePath("three.pdf"), 3);
+        m_many = writePdf(m_dir.filePath("many.pdf"), 200);
+    }
+
+    void placeholdersThenImages()
+    {
+        KtPdfPageListWidget list;
+        QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
+        QCOMPARE(list.setInfo(m_three), 3);
+        QCOMPARE(list.iconSize(), QSize(82, 102));
+        QCOMPARE(list.currentRow(), 0);
+        QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"}));
+        QVERIFY(finished.wait(20000));
+        QTest::qWait(50);
+        QCOMPARE(finished.count(), 1);
+        for (int page = 0; page < 3; ++page) {
+            const QPixmap image = list.getSelectItemIcon(page);
+            // Fitted into 82 x 102 with the page's aspect ratio: portrait A4, landscape for page 3.
+            QVERIFY2(image.width() <= 82 && image.height() <= 102, qPrintable(QString::number(page)));
+            QCOMPARE(image.width() > image.height(), page == 2);
+            QCOMPARE(list.getSelectItemIndex(list.item(page)), page);
+        }
+        QCOMPARE(list.getSelectItemIndex(nullptr), -1);
+
+        // The first image for a page wins; pages address rows by their index.
+        QPixmap red(10, 10);
+        red.fill(Qt::red);
+        list.setPageIcon(red, 1);
+        QVERIFY(list.getSelectItemIcon(1).toImage() != red.toImage());
+        list.setPageIcon(red, 7); // no such row
+        QVERIFY(list.getSelectItemIcon(7).isNull()); // ... and now page 7 counts as having arrived
+        list.setPageIcon(red, 7);
+        QVERIFY(list.getSelectItemIcon(7).isNull());
+
+        list.switchPicture(false);
+        QCOMPARE(list.iconSize(), QSize(180, 256));
+        list.setSmallImageSize(40, 50);
+        list.switchPicture(true);
+        QCOMPARE(list.iconSize(), QSize(40, 50));
+    }
+
+    void filesThatCannotBeOpened_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("type");
+        QTest::newRow("missing") << "missing.pdf" << 0;
+        QTest::newRow("garbage") << "garbage.pdf" << 0;
+        QTest::newRow("truncated") << "truncated.pdf" << 0;
+        QTest::newRow("password") << "locked.pdf" << 0;
+        QTest::newRow("no service 423") << "" << 1;
+        QTest::newRow("service 423 of another class") << "" << 2;
+    }
+    void filesThatCannotBeOpened()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, type);
+        writeFile(m_dir.filePath("garbage.pdf"), QByteArray(5000, 'x'));
+        QFile whole(m_three);
+        QVERIFY(whole.open(QIODevice::ReadOnly));
+        writeFile(m_dir.filePath("truncated.pdf"), whole.read(300));
+        if (file == "locked.pdf") {
+            const QString qpdf = QStandardPaths::findExecutable("qpdf");
+            if (qpdf.isEmpty())
+                QSKIP("qpdf is needed to make a PDF with a password");
+            QCOMPARE(QProcess::execute(
+                         qpdf, {"--encrypt", "user", "owner", "256", "--", m_three, m_dir.filePath(file)}),
+                0);
+        }
+        OtherObject other;
+        std::unique_ptr<Service423> service(type ? new Service423(type == 2 ? &other : nullptr) : nullptr);
+
+        KtPdfPageListWidget list;
+        QCOMPARE(list.setInfo(m_three), 3);
+        list.stopPreview();
+        MessageBoxes boxes;
+        list.setType(type ? 5 : 0);
+        QCOMPARE(list.setInfo(m_dir.filePath(file)), 0);
+        QCOMPARE(boxes.texts.size(), 4);
+        QCOMPARE(boxes.texts.at(0), QStringLiteral("无法打开此文件。"));
+        QVERIFY(
+            boxes.texts.at(1).startsWith(QStringLiteral("此问题可能由以下原因引起:\n- 文件中的数据已损坏")));
+        QVERIFY(boxes.texts.at(1).endsWith(QStringLiteral(
+            "不受支持\n请尝试获取正确的文件副本、使用其他设置重新创建文件或将文件转换为支持的文件格式。")));
+        QCOMPARE(boxes.texts.mid(2), QStringList({"0", "0"}));
+        QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"})); // the old list stays
+    }
+
+    void zeroPages()
+    {
+        KtPdfPageListWidget list;
+        list.setInfo(m_three);
+        MessageBoxes boxes;
+        QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
+        QTest::qWait(0);
+        finished.wait(20000);
+        finished.clear();
+        QCOMPARE(list.setInfo(QFINDTESTDATA("data/zero-pages.pdf")), 0);
+        QCOMPARE(list.count(), 0);
+        QVERIFY(boxes.texts.isEmpty());
+        QVERIFY(!finished.wait(300)); // no thread was started
+    }
+
+    void stopAndRestartWhileRendering()
+    {
+        KtPdfPageListWidget list;
+        QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
+        QCOMPARE(list.setInfo(m_many), 200);
+        list.switchPicture(false); // while images arrive
+        list.switchPicture(true);
+        QCOMPARE(list.setInfo(m_three), 3); // stops the first preview, then starts again
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, 20000);
+        QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"}));
+        for (int page = 0; page < 3; ++page)
+            QVERIFY(!list.getSelectItemIcon(page).isNull());
+
+        QCOMPARE(list.setInfo(m_many), 200);
+        list.stopPreview();
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 3, 20000);
+        QVERIFY(list.getSelectItemIcon(199).isNull()); // stopped long before the last page
+
+        // Destroyed while rendering: the loader is stopped and waited for.
+        auto* doomed = new KtPdfPageListWidget;
+        doomed->setInfo(m_many);
+        QTest::qWait(20);
+        delete doomed;
+    }
+
+    void rasterAndServiceDocuments()
+    {
+        KtPdfPageListWidget list;
+        list.setType(1);
+        QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
+        QCOMPARE(list.setInfo(QFINDTESTDATA("data/three-frames.gif")), 3);
+        QVERIFY(finished.wait(20000));
+        const QColor colours[] = {Qt::red, Qt::green, Qt::blue};
+        for (int page = 0; page < 3; ++page)
+            QCOMPARE(list.getSelectItemIcon(page).toImage().pixelColor(2, 2), colours[page]);
+
+        // A page whose item cannot be had gets no row; later rows keep their page index.
+        FakeService fake;
+        Service423 replaced(&fake);
+        QCOMPARE(list.setInfo("any"), 4);
+        QVERIFY(finished.wait(20000));
+        QTest::qWait(50);
+        // Images go to the row of their page index: page 1's (empty) image lands on
+        // page 2's row, page 2's on page 3's, and page 3's finds no row.
+        QCOMPARE(texts(list), QStringList({"1#0", "2#2", "3#3"}));
+    }
+
+    void mouse()
+    {
+        KtPdfPageListWidget list;
+        list.resize(400, 400);
+        list.setInfo(m_three);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QWidget* viewport = list.viewport();
+        const QPoint second = list.visualItemRect(list.item(1)).center();
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, second);
+        QCOMPARE(list.currentRow(), 1);
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(395, 395)); // empty space
+        QCOMPARE(list.currentRow(), 1);
+        QCOMPARE(list.selectedItems().size(), 1);
+        // A drag from an item over the others selects nothing more.
+        QTest::mousePress(viewport, Qt::LeftButton, {}, list.visualItemRect(list.item(0)).center());
+        QMouseEvent move(QEvent::MouseMove, list.visualItemRect(list.item(2)).center(), Qt::LeftButton,
+            Qt::LeftButton, {});
+        QApplication::sendEvent(viewport, &move);
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, list.visualItemRect(list.item(2)).center());
+        QCOMPARE(list.selectedItems().size(), 1);
+    }
+};
+
+QTEST_MAIN(TestKtPdfPageListWidget)
+#include "tst_ktpdfpagelistwidget.moc"
