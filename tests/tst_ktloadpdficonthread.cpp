@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <atomic>
 #include <thread>
 
 Q_DECLARE_METATYPE(KtDbPixelFormat)
@@ -49,6 +50,7 @@ Run runToEnd(KtLoadPdfIconThread& thread)
         Qt::DirectConnection);
     thread.start();
     thread.wait();
+    KtMutexAutoLock(thread.getMutex()).unlock(); // after the loop's end, as the widget does
     QObject::disconnect(pages);
     QObject::disconnect(finished);
     return run;
@@ -139,17 +141,24 @@ private Q_SLOTS:
         thread.setItemCount(5);
         for (int i = 0; i < 5; ++i)
             thread.setItem(i, &document.page(i));
-        QSignalSpy finished(&thread, &KtLoadPdfIconThread::finishedPreview);
-        QSignalSpy pages(&thread, &KtLoadPdfIconThread::sendPageQPixmap);
+        // Counted where they are emitted, in the loader's thread.
+        std::atomic<int> finished{0}, pages{0};
+        connect(
+            &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread, [&] { ++pages; }, Qt::DirectConnection);
+        connect(
+            &thread, &KtLoadPdfIconThread::finishedPreview, &thread, [&] { ++finished; },
+            Qt::DirectConnection);
         thread.start();
         gate.release(); // page 0
-        QTRY_COMPARE(pages.count(), 1);
+        QTRY_COMPARE(pages.load(), 1);
         QTRY_COMPARE(document.page(1).lastMaxSize.load(), -1); // page 1 is waiting
         thread.stop();
         gate.release();
         QVERIFY(thread.wait(5000));
-        QCOMPARE(pages.count(), 2); // the page in progress, nothing after it
-        QCOMPARE(finished.count(), 1);
+        KtMutexAutoLock(thread.getMutex()).unlock();
+        QCOMPARE(pages.load(), 2); // the page in progress, nothing after it
+        QCOMPARE(finished.load(), 1);
+        thread.disconnect();
         // Stopped, nothing starts; filling the array clears the flag again.
         QVERIFY(thread.getImage(&document.page(0)).isNull());
         thread.setItemCount(1);

@@ -139,6 +139,10 @@ void KtLoadPdfIconThread::run()
                 break;
         }
     }
+    // Emitted under the mutex too, the loop's last step: whoever takes the
+    // mutex after wait() or before handling what was posted is ordered after
+    // everything the loop did, also for tools that cannot see Qt's own locks.
+    KtMutexAutoLock lock(&d->mutex);
     Q_EMIT finishedPreview();
 }
 

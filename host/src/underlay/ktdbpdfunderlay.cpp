@@ -67,7 +67,8 @@ namespace {
 
 // Poppler reports what it finds wrong in a file through qDebug by default; a
 // host library reports through its results only.
-void ignorePopplerMessage(const QString&, const QVariant&) { }
+void ignorePopplerMessage(const QString&, const QVariant&)
+{ }
 
 } // namespace
 

@@ -8,6 +8,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPainter>
 #include <QPair>
 
 #include <map>
@@ -116,8 +117,14 @@ KtDbUnderlayImage* RasterPage::render(const QSize& box) const
     const QImage frame = reader.read();
     if (frame.isNull())
         return nullptr;
-    const QImage scaled
-        = frame.scaled(fitInside(QSizeF(frame.size()), box), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // Smoothly scaled with a painter on this thread (QImage::scaled() would
+    // hand the work to Qt's worker pool).
+    QImage scaled(fitInside(QSizeF(frame.size()), box), QImage::Format_RGBA8888);
+    scaled.fill(Qt::transparent);
+    QPainter painter(&scaled);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(scaled.rect(), frame);
+    painter.end();
     return new KtDbQImageUnderlayImage(scaled, true);
 }
 
