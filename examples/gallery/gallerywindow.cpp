@@ -3,6 +3,7 @@
 #include "editcontrolspage.h"
 #include "listcontrolpage.h"
 #include "menutoolbarpage.h"
+#include "pdfpreviewpage.h"
 #include "plotstylepage.h"
 #include "treecontrolpage.h"
 
@@ -20,6 +21,7 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     addPage(QStringLiteral("combo"), new EditControlsPage(m_tabs), tr("Combo and edits"));
     addPage(QStringLiteral("menu"), new MenuToolBarPage(m_tabs), tr("Menu and toolbar"));
     addPage(QStringLiteral("plotstyle"), new PlotStylePage(m_tabs), tr("Plot style"));
+    addPage(QStringLiteral("pdf"), new PdfPreviewPage(m_tabs), tr("PDF preview"));
     setCentralWidget(m_tabs);
     resize(720, 480);
 }
