@@ -26,6 +26,7 @@ enum ErrorStatus : int {
     eNotApplicable = 19,
     eNullObjectPointer = 20,
     eRenderFailed = 21,
+    eNotThatKindOfClass = 22,
 };
 
 } // namespace Kt

@@ -1,0 +1,181 @@
+#include "ktdbdatabase.h"
+
+#include <mutex>
+#include <unordered_map>
+#include <unordered_set>
+
+KT_DEFINE_RX_MEMBERS(KtDbDatabase, CJxRxObject)
+
+namespace {
+
+// The databases alive now, so that an id of a gone one opens nothing.
+std::mutex g_liveMutex;
+std::unordered_set<const KtDbDatabase*>& liveDatabases()
+{
+    static std::unordered_set<const KtDbDatabase*> set;
+    return set;
+}
+
+} // namespace
+
+class KtDbDatabase::Private
+{
+public:
+    std::unordered_map<std::uint64_t, KtDbObject*> objects;
+    std::uint64_t nextHandle = 0x20; // lower handles are left to the file formats
+    KtDbObjectId blockTable, layerTable, linetypeTable;
+    KtDbObjectId layerZero, modelSpace, paperSpace;
+    int insunits = 0;
+    int measurement = 0;
+};
+
+KtDbDatabase::KtDbDatabase()
+    : d(std::make_unique<Private>())
+{
+    {
+        std::lock_guard<std::mutex> lock(g_liveMutex);
+        liveDatabases().insert(this);
+    }
+    d->blockTable = add(new KtDbBlockTable, KtDbObjectId::kNull);
+    d->layerTable = add(new KtDbLayerTable, KtDbObjectId::kNull);
+    d->linetypeTable = add(new KtDbLinetypeTable, KtDbObjectId::kNull);
+
+    // The records every drawing has, added the way any record is.
+    const auto addRecord = [this](KtDbObjectId table, KtDbSymbolTableRecord* record, const wchar_t* name) {
+        record->setName(name);
+        KtDbObject* opened = nullptr;
+        ktdbOpenObject(opened, table, KtDb::kForWrite);
+        KtDbObjectId id;
+        static_cast<KtDbSymbolTable*>(opened)->addRecord(id, record);
+        record->close();
+        opened->close();
+        return id;
+    };
+    for (const wchar_t* name : {L"ByBlock", L"ByLayer"})
+        addRecord(d->linetypeTable, new KtDbLinetypeTableRecord, name);
+    auto* continuous = new KtDbLinetypeTableRecord;
+    continuous->setComments(L"Solid line");
+    addRecord(d->linetypeTable, continuous, L"Continuous");
+    d->layerZero = addRecord(d->layerTable, new KtDbLayerTableRecord, L"0");
+    d->modelSpace = addRecord(d->blockTable, new KtDbBlockTableRecord, L"*Model_Space");
+    d->paperSpace = addRecord(d->blockTable, new KtDbBlockTableRecord, L"*Paper_Space");
+}
+
+KtDbDatabase::~KtDbDatabase()
+{
+    {
+        std::lock_guard<std::mutex> lock(g_liveMutex);
+        liveDatabases().erase(this);
+    }
+    // No longer live: the objects' destructors leave the map alone.
+    for (auto& [handle, object] : d->objects)
+        delete object;
+}
+
+bool KtDbDatabase::isLive(const KtDbDatabase* database)
+{
+    if (!database)
+        return false;
+    std::lock_guard<std::mutex> lock(g_liveMutex);
+    return liveDatabases().count(database) != 0;
+}
+
+KtDbObjectId KtDbDatabase::add(KtDbObject* object, KtDbObjectId owner)
+{
+    const KtDbObjectId id(this, d->nextHandle++);
+    object->m_id = id;
+    object->m_owner = owner;
+    d->objects.emplace(id.handle(), object);
+    object->addedToDatabase(this);
+    return id;
+}
+
+KtDbObject* KtDbDatabase::objectAt(std::uint64_t handle) const
+{
+    const auto it = d->objects.find(handle);
+    return it == d->objects.end() ? nullptr : it->second;
+}
+
+void KtDbDatabase::forget(const KtDbObject* object)
+{
+    const auto it = d->objects.find(object->objectId().handle());
+    if (it != d->objects.end() && it->second == object)
+        d->objects.erase(it);
+}
+
+KtDbObjectId KtDbDatabase::blockTableId() const
+{
+    return d->blockTable;
+}
+
+KtDbObjectId KtDbDatabase::layerTableId() const
+{
+    return d->layerTable;
+}
+
+KtDbObjectId KtDbDatabase::linetypeTableId() const
+{
+    return d->linetypeTable;
+}
+
+KtDbObjectId KtDbDatabase::layerZero() const
+{
+    return d->layerZero;
+}
+
+KtDbObjectId KtDbDatabase::modelSpaceId() const
+{
+    return d->modelSpace;
+}
+
+KtDbObjectId KtDbDatabase::paperSpaceId() const
+{
+    return d->paperSpace;
+}
+
+Kt::ErrorStatus KtDbDatabase::getSymbolTable(KtDbBlockTable*& table, KtDb::OpenMode mode)
+{
+    return ktdbOpenObject(table, d->blockTable, mode);
+}
+
+Kt::ErrorStatus KtDbDatabase::getSymbolTable(KtDbLayerTable*& table, KtDb::OpenMode mode)
+{
+    return ktdbOpenObject(table, d->layerTable, mode);
+}
+
+Kt::ErrorStatus KtDbDatabase::getSymbolTable(KtDbLinetypeTable*& table, KtDb::OpenMode mode)
+{
+    return ktdbOpenObject(table, d->linetypeTable, mode);
+}
+
+int KtDbDatabase::insunits() const
+{
+    return d->insunits;
+}
+
+void KtDbDatabase::setInsunits(int units)
+{
+    if (units >= 0 && units <= 24)
+        d->insunits = units;
+}
+
+int KtDbDatabase::measurement() const
+{
+    return d->measurement;
+}
+
+void KtDbDatabase::setMeasurement(int measurement)
+{
+    if (measurement == 0 || measurement == 1)
+        d->measurement = measurement;
+}
+
+std::uint64_t KtDbDatabase::handseed() const
+{
+    return d->nextHandle;
+}
+
+std::size_t KtDbDatabase::objectCount() const
+{
+    return d->objects.size();
+}
