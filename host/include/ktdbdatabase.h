@@ -59,6 +59,8 @@ public:
 
     /// Whether @p database is a live database (ids can name gone ones).
     static bool isLive(const KtDbDatabase* database);
+    /// The database @p id was made in while it lives; null once it is gone.
+    static KtDbDatabase* liveDatabaseOf(const KtDbObjectId& id);
 
 private:
     friend class KtDbObject;

@@ -78,22 +78,26 @@ public:
 
     friend bool operator==(const KtDbObjectId& a, const KtDbObjectId& b)
     {
-        return a.m_handle == b.m_handle && (a.m_handle == 0 || a.m_database == b.m_database);
+        return a.m_handle == b.m_handle
+            && (a.m_handle == 0 || (a.m_database == b.m_database && a.m_serial == b.m_serial));
     }
     friend bool operator!=(const KtDbObjectId& a, const KtDbObjectId& b) { return !(a == b); }
     friend bool operator<(const KtDbObjectId& a, const KtDbObjectId& b)
     {
-        return a.m_database != b.m_database ? std::less<KtDbDatabase*>()(a.m_database, b.m_database)
-                                            : a.m_handle < b.m_handle;
+        if (a.m_serial != b.m_serial)
+            return a.m_serial < b.m_serial;
+        return a.m_handle < b.m_handle;
     }
 
 private:
     friend class KtDbDatabase;
-    KtDbObjectId(KtDbDatabase* database, std::uint64_t handle)
+    KtDbObjectId(KtDbDatabase* database, std::uint64_t serial, std::uint64_t handle)
         : m_database(database)
+        , m_serial(serial)
         , m_handle(handle)
     { }
     KtDbDatabase* m_database = nullptr;
+    std::uint64_t m_serial = 0; // tells the database apart from a later one at the same address
     std::uint64_t m_handle = 0;
 };
 

@@ -2,7 +2,6 @@
 
 #include <mutex>
 #include <unordered_map>
-#include <unordered_set>
 
 KT_DEFINE_RX_MEMBERS(KtDbDatabase, CJxRxObject)
 
@@ -10,11 +9,14 @@ namespace {
 
 // The databases alive now, so that an id of a gone one opens nothing.
 std::mutex g_liveMutex;
-std::unordered_set<const KtDbDatabase*>& liveDatabases()
+// Each database has a serial of its own, so that an id of a gone database
+// never opens an object of a later one made at the same address.
+std::unordered_map<const KtDbDatabase*, std::uint64_t>& liveDatabases()
 {
-    static std::unordered_set<const KtDbDatabase*> set;
-    return set;
+    static std::unordered_map<const KtDbDatabase*, std::uint64_t> map;
+    return map;
 }
+std::uint64_t g_lastSerial = 0;
 
 } // namespace
 
@@ -23,6 +25,7 @@ class KtDbDatabase::Private
 public:
     std::unordered_map<std::uint64_t, KtDbObject*> objects;
     std::uint64_t nextHandle = 0x20; // lower handles are left to the file formats
+    std::uint64_t serial = 0;
     KtDbObjectId blockTable, layerTable, linetypeTable;
     KtDbObjectId layerZero, modelSpace, paperSpace;
     int insunits = 0;
@@ -34,7 +37,8 @@ KtDbDatabase::KtDbDatabase()
 {
     {
         std::lock_guard<std::mutex> lock(g_liveMutex);
-        liveDatabases().insert(this);
+        d->serial = ++g_lastSerial;
+        liveDatabases().emplace(this, d->serial);
     }
     d->blockTable = add(new KtDbBlockTable, KtDbObjectId::kNull);
     d->layerTable = add(new KtDbLayerTable, KtDbObjectId::kNull);
@@ -80,9 +84,18 @@ bool KtDbDatabase::isLive(const KtDbDatabase* database)
     return liveDatabases().count(database) != 0;
 }
 
+KtDbDatabase* KtDbDatabase::liveDatabaseOf(const KtDbObjectId& id)
+{
+    if (!id.m_database)
+        return nullptr;
+    std::lock_guard<std::mutex> lock(g_liveMutex);
+    const auto it = liveDatabases().find(id.m_database);
+    return it != liveDatabases().end() && it->second == id.m_serial ? id.m_database : nullptr;
+}
+
 KtDbObjectId KtDbDatabase::add(KtDbObject* object, KtDbObjectId owner)
 {
-    const KtDbObjectId id(this, d->nextHandle++);
+    const KtDbObjectId id(this, d->serial, d->nextHandle++);
     object->m_id = id;
     object->m_owner = owner;
     d->objects.emplace(id.handle(), object);

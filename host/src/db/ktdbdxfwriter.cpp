@@ -26,6 +26,7 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -465,19 +466,28 @@ private:
             const unsigned int n = polyline->numVerts();
             m_out.integer(90, n);
             m_out.integer(70, polyline->isClosed() ? 1 : 0);
+            // Widths of -1 stand for the constant width. When every vertex has
+            // the constant width, group 43 says it once; otherwise each vertex
+            // carries its own pair.
             const double constant = polyline->constantWidth();
-            if (constant > 0.0)
+            std::vector<std::pair<double, double>> widths(n);
+            bool uniform = true;
+            for (unsigned int i = 0; i < n; ++i) {
+                double start = 0, end = 0;
+                polyline->getWidthsAt(i, start, end);
+                widths[i] = {start < 0.0 ? constant : start, end < 0.0 ? constant : end};
+                uniform = uniform && widths[i].first == constant && widths[i].second == constant;
+            }
+            if (uniform && constant > 0.0)
                 m_out.real(43, constant);
             const KtGeVector3d normal = polyline->normal();
             for (unsigned int i = 0; i < n; ++i) {
                 const KtGePoint2d p = polyline->pointAt(i);
                 m_out.real(10, p.x);
                 m_out.real(20, p.y);
-                if (constant < 0.0) {
-                    double start = 0, end = 0;
-                    polyline->getWidthsAt(i, start, end);
-                    m_out.real(40, std::max(start, 0.0));
-                    m_out.real(41, std::max(end, 0.0));
+                if (!uniform) {
+                    m_out.real(40, widths[i].first);
+                    m_out.real(41, widths[i].second);
                 }
                 if (polyline->bulgeAt(i) != 0.0)
                     m_out.real(42, polyline->bulgeAt(i));

@@ -313,7 +313,8 @@ Kt::ErrorStatus KtDbPolyline::addVertexAt(unsigned int index, const KtGePoint2d&
     double startWidth, double endWidth, int identifier)
 {
     KT_CHECK_WRITE();
-    if (index > m_vertices.size() || !isFiniteValue(point.x) || !isFiniteValue(point.y) || !isFiniteValue(bulge))
+    if (index > m_vertices.size() || !isFiniteValue(point.x) || !isFiniteValue(point.y)
+        || !isFiniteValue(bulge))
         return Kt::eInvalidInput;
     m_vertices.insert(m_vertices.begin() + index, Vertex{point, bulge, startWidth, endWidth, identifier});
     return Kt::eOk;

@@ -8,7 +8,7 @@ KtDbObject::KtDbObject() = default;
 KtDbObject::~KtDbObject()
 {
     // An object deleted while its database lives (by mistake) leaves no dangling entry behind.
-    if (KtDbDatabase* database = m_id.database(); database && KtDbDatabase::isLive(database))
+    if (KtDbDatabase* database = KtDbDatabase::liveDatabaseOf(m_id))
         database->forget(this);
 }
 
@@ -78,8 +78,8 @@ Kt::ErrorStatus ktdbOpenObject(KtDbObject*& object, KtDbObjectId id, KtDb::OpenM
     object = nullptr;
     if (id.isNull())
         return Kt::eNullObjectId;
-    KtDbDatabase* database = id.database();
-    if (!KtDbDatabase::isLive(database))
+    KtDbDatabase* database = KtDbDatabase::liveDatabaseOf(id);
+    if (!database)
         return Kt::eUnknownObjectId;
     KtDbObject* found = database->objectAt(id.handle());
     if (!found)
@@ -107,9 +107,10 @@ bool KtDbObjectIterator::skipped(int index) const
 {
     KtDbObject* object = nullptr;
     const KtDbObjectId& id = m_ids[std::size_t(index)];
-    if (!KtDbDatabase::isLive(id.database()))
+    KtDbDatabase* database = KtDbDatabase::liveDatabaseOf(id);
+    if (!database)
         return true;
-    object = id.database()->objectAt(id.handle());
+    object = database->objectAt(id.handle());
     return !object || object->isErased();
 }
 

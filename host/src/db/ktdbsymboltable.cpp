@@ -138,8 +138,9 @@ bool KtDbSymbolTable::has(const wchar_t* name) const
 
 bool KtDbSymbolTable::has(KtDbObjectId id) const
 {
-    const KtDbObject* record
-        = database() && id.database() == database() ? database()->objectAt(id.handle()) : nullptr;
+    const KtDbObject* record = database() && KtDbDatabase::liveDatabaseOf(id) == database()
+        ? database()->objectAt(id.handle())
+        : nullptr;
     return record && !record->isErased() && record->ownerId() == objectId();
 }
 
