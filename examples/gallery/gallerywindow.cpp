@@ -1,5 +1,6 @@
 #include "gallerywindow.h"
 
+#include "blockspage.h"
 #include "editcontrolspage.h"
 #include "listcontrolpage.h"
 #include "menutoolbarpage.h"
@@ -22,6 +23,7 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     addPage(QStringLiteral("menu"), new MenuToolBarPage(m_tabs), tr("Menu and toolbar"));
     addPage(QStringLiteral("plotstyle"), new PlotStylePage(m_tabs), tr("Plot style"));
     addPage(QStringLiteral("pdf"), new PdfPreviewPage(m_tabs), tr("PDF preview"));
+    addPage(QStringLiteral("blocks"), new BlocksPage(m_tabs), tr("Blocks"));
     setCentralWidget(m_tabs);
     resize(720, 480);
 }
