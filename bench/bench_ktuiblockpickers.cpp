@@ -152,6 +152,16 @@ void BM_KtDxfOut(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * QFile(dxfPath()).size());
 }
 
+/// The same output to /dev/null: what formatting and walking the drawing cost without the file system.
+void BM_KtDxfOutFormatOnly(benchmark::State& state)
+{
+    KtApDocument* document = drawingOf(10000, 5);
+    for (auto _ : state) {
+        if (document->database()->dxfOut(L"/dev/null") != Kt::eOk)
+            state.SkipWithError("dxfOut failed");
+    }
+}
+
 void BM_QtWriteSameBytes(benchmark::State& state)
 {
     KtApDocument* document = drawingOf(10000, 5);
@@ -180,6 +190,12 @@ KT_LOOKUP_CASE(BM_KtGetBlockTableRecordId, "Kt/GetBlockTableRecordId1000x");
 KT_LOOKUP_CASE(BM_QtHashLookup, "Qt/GetBlockTableRecordId1000x");
 BENCHMARK(BM_KtDxfOut)
     ->Name("Kt/DxfOut10kBlocks")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3)
+    ->Repetitions(3)
+    ->UseRealTime();
+BENCHMARK(BM_KtDxfOutFormatOnly)
+    ->Name("Kt/DxfOut10kBlocksToDevNull")
     ->Unit(benchmark::kMillisecond)
     ->Iterations(3)
     ->Repetitions(3)

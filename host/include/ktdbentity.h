@@ -49,6 +49,7 @@ protected:
 
 private:
     friend class KtDbBlockTableRecord;
+    friend class KtDbDxfWriter;
     bool m_inBlock = false; // appended to a block record
     KtDbObjectId m_layer;
     KtCmColor m_color;

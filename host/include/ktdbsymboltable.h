@@ -140,6 +140,7 @@ protected:
 
 private:
     friend class KtDbDatabase;
+    friend class KtDbDxfWriter;
     KtString m_pathName;
     int m_insertUnits = 0;
     bool m_external = false;

@@ -6,9 +6,9 @@
 
 #include <QIcon>
 #include <QPixmap>
-#include <QSignalBlocker>
 #include <ktapdocmanager.h>
 #include <ktdbdatabase.h>
+#include <ktqtblocksignalutil.h>
 #include <ktuidialogs.h>
 #include <ktuipropertyobject.h>
 #include <ktutimagepath.h>
@@ -265,7 +265,7 @@ void KtUiArrowComboBox::slot_currentArrowIndexChanged(int index)
     }
 
     {
-        const QSignalBlocker blocker(this);
+        const KtQtBlockSignalUtil blocker(this);
         setCurrentIndex(m_currentIndex);
         KtUiPropertyObject properties;
         properties.set(QStringLiteral("blocks"), getBlockArray());

@@ -21,11 +21,12 @@
 #include <QString>
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -34,74 +35,66 @@ namespace {
 constexpr double kRadiansToDegrees = 57.29577951308232;
 
 // Group codes and values into a buffer that goes to the file in 64 KiB pieces.
+// Every value is written straight into the buffer; a value longer than the
+// room left goes out in pieces.
 class DxfStream
 {
 public:
     explicit DxfStream(QFile& file)
         : m_file(file)
-    {
-        m_buffer.reserve(kPiece + 4096);
-    }
+        , m_buffer(new char[kPiece + kSlack])
+        , m_pos(m_buffer.get())
+    { }
 
     bool ok() const { return m_ok; }
 
     void code(int groupCode)
     {
-        char digits[16];
-        const auto end = std::to_chars(digits, digits + sizeof digits, groupCode).ptr;
-        const std::size_t length = std::size_t(end - digits);
-        if (length < 3)
-            m_buffer.append(3 - length, ' ');
-        m_buffer.append(digits, length);
-        m_buffer.push_back('\n');
+        // Right-aligned in three columns, as DXF writers customarily do.
+        char* p = m_pos;
+        if (groupCode >= 0 && groupCode < 1000) {
+            p[0] = groupCode >= 100 ? char('0' + groupCode / 100) : ' ';
+            p[1] = groupCode >= 10 ? char('0' + groupCode / 10 % 10) : ' ';
+            p[2] = char('0' + groupCode % 10);
+            p[3] = '\n';
+            m_pos = p + 4;
+        } else {
+            m_pos = std::to_chars(p, p + 16, groupCode).ptr;
+            *m_pos++ = '\n';
+        }
     }
-    void text(int groupCode, const char* value)
-    {
-        code(groupCode);
-        m_buffer.append(value);
-        endLine();
-    }
-    void text(int groupCode, const KtString& value)
-    {
-        code(groupCode);
-        // Line breaks would end the value early: they are written as spaces.
-        const char* utf8 = value.utf8Ptr();
-        for (const char* p = utf8 ? utf8 : ""; *p; ++p)
-            m_buffer.push_back(*p == '\n' || *p == '\r' ? ' ' : *p);
-        endLine();
-    }
+    void text(int groupCode, const char* value) { text(groupCode, value, std::strlen(value)); }
+    void text(int groupCode, const std::string& value) { text(groupCode, value.data(), value.size()); }
+    void text(int groupCode, const KtString& value) { text(groupCode, utf8Line(value)); }
     void integer(int groupCode, long long value)
     {
         code(groupCode);
-        char digits[24];
-        m_buffer.append(
-            digits, std::size_t(std::to_chars(digits, digits + sizeof digits, value).ptr - digits));
+        m_pos = std::to_chars(m_pos, m_pos + 24, value).ptr;
         endLine();
     }
     void handle(int groupCode, std::uint64_t value)
     {
         code(groupCode);
-        char digits[24];
-        char* end = std::to_chars(digits, digits + sizeof digits, value, 16).ptr;
-        for (char* p = digits; p != end; ++p)
-            m_buffer.push_back(char(std::toupper(static_cast<unsigned char>(*p))));
+        char* end = std::to_chars(m_pos, m_pos + 24, value, 16).ptr;
+        for (char* p = m_pos; p != end; ++p) {
+            if (*p >= 'a')
+                *p = char(*p - 'a' + 'A');
+        }
+        m_pos = end;
         endLine();
     }
     void real(int groupCode, double value)
     {
         code(groupCode);
-        char digits[32];
         if (!std::isfinite(value))
             value = 0.0;
         // Whole numbers the short way; others in the shortest form that reads back exactly.
-        const char* end;
         if (value == std::trunc(value) && std::fabs(value) < 1e15) {
-            end = std::to_chars(digits, digits + sizeof digits, static_cast<long long>(value)).ptr;
-            m_buffer.append(digits, std::size_t(end - digits));
-            m_buffer.append(".0");
+            m_pos = std::to_chars(m_pos, m_pos + 24, static_cast<long long>(value)).ptr;
+            *m_pos++ = '.';
+            *m_pos++ = '0';
         } else {
-            end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-            m_buffer.append(digits, std::size_t(end - digits));
+            m_pos = std::to_chars(m_pos, m_pos + 32, value).ptr;
         }
         endLine();
     }
@@ -124,24 +117,53 @@ public:
         return m_ok;
     }
 
+    /// @p value in UTF-8 on one line: line breaks would end the value early and become spaces.
+    static std::string utf8Line(const KtString& value)
+    {
+        const char* utf8 = value.utf8Ptr();
+        std::string line(utf8 ? utf8 : "");
+        std::replace_if(
+            line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+        return line;
+    }
+
 private:
     static constexpr std::size_t kPiece = 64 * 1024;
+    // Room past a piece for one group code and a number (never more than 64 bytes).
+    static constexpr std::size_t kSlack = 256;
 
+    void text(int groupCode, const char* value, std::size_t length)
+    {
+        code(groupCode);
+        while (length > 0) {
+            const std::size_t room = std::size_t(m_buffer.get() + kPiece + kSlack - 1 - m_pos);
+            const std::size_t part = std::min(length, room);
+            std::memcpy(m_pos, value, part);
+            m_pos += part;
+            value += part;
+            length -= part;
+            if (length > 0)
+                writeOut();
+        }
+        endLine();
+    }
     void endLine()
     {
-        m_buffer.push_back('\n');
-        if (m_buffer.size() >= kPiece)
+        *m_pos++ = '\n';
+        if (std::size_t(m_pos - m_buffer.get()) >= kPiece)
             writeOut();
     }
     void writeOut()
     {
-        if (m_ok && !m_buffer.empty())
-            m_ok = m_file.write(m_buffer.data(), qint64(m_buffer.size())) == qint64(m_buffer.size());
-        m_buffer.clear();
+        const qint64 size = m_pos - m_buffer.get();
+        if (m_ok && size > 0)
+            m_ok = m_file.write(m_buffer.get(), size) == size;
+        m_pos = m_buffer.get();
     }
 
     QFile& m_file;
-    std::string m_buffer;
+    std::unique_ptr<char[]> m_buffer;
+    char* m_pos;
     bool m_ok = true;
 };
 
@@ -159,11 +181,15 @@ public:
                  &m_appidTable, &m_appid, &m_dimstyleTable, &m_dimstyle, &m_rootDictionary,
                  &m_groupDictionary, &m_layoutDictionary, &m_modelLayout, &m_paperLayout})
             *h = m_next++;
-        // The BLOCK and ENDBLK entities of every block get handles of their own.
+        // The blocks in order, with their names in UTF-8; the BLOCK and ENDBLK
+        // entities of every block get handles of their own.
         for (const KtDbObjectId& id : records(m_db.blockTableId())) {
-            m_blockBegin.push_back(m_next++);
-            m_blockEnd.push_back(m_next++);
-            (void)id;
+            const auto* record = at<KtDbBlockTableRecord>(id);
+            KtString path;
+            record->pathName(path);
+            m_blocks.push_back({id, record, DxfStream::utf8Line(record->name()), DxfStream::utf8Line(path),
+                m_next, m_next + 1});
+            m_next += 2;
         }
     }
 
@@ -204,18 +230,10 @@ private:
         return result;
     }
 
-    std::vector<KtDbObjectId> entitiesOf(const KtDbBlockTableRecord& block) const
+    // The entities of a block in order; write() leaves erased ones out.
+    static const std::vector<KtDbObjectId>& entitiesOf(const KtDbBlockTableRecord& block)
     {
-        std::vector<KtDbObjectId> result;
-        KtDbObjectIterator* it = nullptr;
-        block.newIterator(it);
-        for (; !it->done(); it->step()) {
-            KtDbObjectId id;
-            it->getId(id);
-            result.push_back(id);
-        }
-        delete it;
-        return result;
+        return block.m_entities;
     }
 
     void header()
@@ -333,14 +351,13 @@ private:
         m_out.integer(70, 0);
         m_out.text(0, "ENDTAB");
 
-        const std::vector<KtDbObjectId> blocks = records(m_db.blockTableId());
-        tableStart("BLOCK_RECORD", m_db.blockTableId().handle(), blocks.size());
-        for (const KtDbObjectId& id : blocks) {
-            const auto* block = at<KtDbBlockTableRecord>(id);
-            recordStart("BLOCK_RECORD", id.handle(), m_db.blockTableId().handle(), "AcDbBlockTableRecord");
-            m_out.text(2, block->name());
-            m_out.handle(340, layoutOf(id));
-            m_out.integer(70, block->blockInsertUnits());
+        tableStart("BLOCK_RECORD", m_db.blockTableId().handle(), m_blocks.size());
+        for (const Block& block : m_blocks) {
+            recordStart(
+                "BLOCK_RECORD", block.id.handle(), m_db.blockTableId().handle(), "AcDbBlockTableRecord");
+            m_out.text(2, block.name);
+            m_out.handle(340, layoutOf(block.id));
+            m_out.integer(70, block.record->blockInsertUnits());
             m_out.integer(280, 1);
             m_out.integer(281, 0);
         }
@@ -359,35 +376,32 @@ private:
     {
         m_out.text(0, "SECTION");
         m_out.text(2, "BLOCKS");
-        const std::vector<KtDbObjectId> ids = records(m_db.blockTableId());
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            const auto* block = at<KtDbBlockTableRecord>(ids[i]);
-            const bool paper = ids[i] == m_db.paperSpaceId();
+        for (const Block& b : m_blocks) {
+            const KtDbBlockTableRecord* block = b.record;
+            const bool paper = b.id == m_db.paperSpaceId();
             m_out.text(0, "BLOCK");
-            m_out.handle(5, m_blockBegin[i]);
-            m_out.handle(330, ids[i].handle());
+            m_out.handle(5, b.beginHandle);
+            m_out.handle(330, b.id.handle());
             m_out.text(100, "AcDbEntity");
             if (paper)
                 m_out.integer(67, 1);
             m_out.text(8, "0");
             m_out.text(100, "AcDbBlockBegin");
-            m_out.text(2, block->name());
+            m_out.text(2, b.name);
             m_out.integer(70,
                 (block->isAnonymous() ? 1 : 0) | (block->isFromExternalReference() ? 4 : 0)
                     | (block->isDependent() ? 16 : 0));
             m_out.point(10, KtGePoint3d::kOrigin);
-            m_out.text(3, block->name());
-            KtString path;
-            block->pathName(path);
-            m_out.text(1, path);
+            m_out.text(3, b.name);
+            m_out.text(1, b.path);
             // Model space entities go to the ENTITIES section.
-            if (ids[i] != m_db.modelSpaceId()) {
+            if (b.id != m_db.modelSpaceId()) {
                 for (const KtDbObjectId& entity : entitiesOf(*block))
                     write(entity, paper);
             }
             m_out.text(0, "ENDBLK");
-            m_out.handle(5, m_blockEnd[i]);
-            m_out.handle(330, ids[i].handle());
+            m_out.handle(5, b.endHandle);
+            m_out.handle(330, b.id.handle());
             m_out.text(100, "AcDbEntity");
             if (paper)
                 m_out.integer(67, 1);
@@ -416,10 +430,10 @@ private:
         m_out.text(100, "AcDbEntity");
         if (paper)
             m_out.integer(67, 1);
-        const auto* layer = at<KtDbLayerTableRecord>(e.layerId());
-        m_out.text(8, layer ? layer->name() : KtString(L"0"));
-        if (e.linetype().compare(L"ByLayer") != 0)
-            m_out.text(6, e.linetype());
+        m_out.text(8, layerName(e.layerId()));
+        const KtString& linetype = e.m_linetype;
+        if (linetype.compare(L"ByLayer") != 0)
+            m_out.text(6, linetypeName(linetype));
         const KtCmColor color = e.color();
         if (color.colorMethod() == KtCmColor::kByColor) {
             m_out.integer(62, 7);
@@ -435,23 +449,53 @@ private:
             m_out.integer(440, 0x02000000 | transparency.alpha());
     }
 
+    // Entities share few layers and linetypes: their names are made UTF-8 once.
+    const std::string& layerName(const KtDbObjectId& id)
+    {
+        if (m_lastLayer != m_layerNames.end() && m_lastLayer->first == id.handle())
+            return m_lastLayer->second;
+        auto it = m_layerNames.find(id.handle());
+        if (it == m_layerNames.end()) {
+            const auto* layer = at<KtDbLayerTableRecord>(id);
+            it = m_layerNames
+                     .emplace(id.handle(), layer ? DxfStream::utf8Line(layer->name()) : std::string("0"))
+                     .first;
+        }
+        m_lastLayer = it;
+        return it->second;
+    }
+    const std::string& linetypeName(const KtString& name)
+    {
+        // Most entities share the last one's linetype.
+        if (m_lastLinetype.isEmpty() || name.compare(m_lastLinetype.c_str()) != 0) {
+            m_lastLinetype = name;
+            m_lastLinetypeUtf8 = DxfStream::utf8Line(name);
+        }
+        return m_lastLinetypeUtf8;
+    }
+
     void write(const KtDbObjectId& id, bool paper)
     {
         const KtDbObject* object = m_db.objectAt(id.handle());
         if (!object || object->isErased())
             return;
-        if (const auto* line = KtDbLine::cast(object)) {
+        // The entity classes have no subclasses: their exact class decides.
+        const CJxRxClass* kind = object->isA();
+        if (kind == KtDbLine::desc()) {
+            const auto* line = static_cast<const KtDbLine*>(object);
             common("LINE", *line, paper);
             m_out.text(100, "AcDbLine");
             m_out.point(10, line->startPoint());
             m_out.point(11, line->endPoint());
-        } else if (const auto* circle = KtDbCircle::cast(object)) {
+        } else if (kind == KtDbCircle::desc()) {
+            const auto* circle = static_cast<const KtDbCircle*>(object);
             common("CIRCLE", *circle, paper);
             m_out.text(100, "AcDbCircle");
             m_out.point(10, circle->center());
             m_out.real(40, circle->radius());
             m_out.normal(circle->normal());
-        } else if (const auto* arc = KtDbArc::cast(object)) {
+        } else if (kind == KtDbArc::desc()) {
+            const auto* arc = static_cast<const KtDbArc*>(object);
             common("ARC", *arc, paper);
             m_out.text(100, "AcDbCircle");
             m_out.point(10, arc->center());
@@ -460,7 +504,8 @@ private:
             m_out.text(100, "AcDbArc");
             m_out.real(50, arc->startAngle() * kRadiansToDegrees);
             m_out.real(51, arc->endAngle() * kRadiansToDegrees);
-        } else if (const auto* polyline = KtDbPolyline::cast(object)) {
+        } else if (kind == KtDbPolyline::desc()) {
+            const auto* polyline = static_cast<const KtDbPolyline*>(object);
             common("LWPOLYLINE", *polyline, paper);
             m_out.text(100, "AcDbPolyline");
             const unsigned int n = polyline->numVerts();
@@ -495,12 +540,14 @@ private:
                     m_out.integer(91, polyline->vertexIdentifierAt(i));
             }
             m_out.normal(normal);
-        } else if (const auto* solid = KtDbSolid::cast(object)) {
+        } else if (kind == KtDbSolid::desc()) {
+            const auto* solid = static_cast<const KtDbSolid*>(object);
             common("SOLID", *solid, paper);
             m_out.text(100, "AcDbTrace");
             for (int corner = 0; corner < 4; ++corner)
                 m_out.point(10 + corner, solid->pointAt(corner));
-        } else if (const auto* attdef = KtDbAttributeDefinition::cast(object)) {
+        } else if (kind == KtDbAttributeDefinition::desc()) {
+            const auto* attdef = static_cast<const KtDbAttributeDefinition*>(object);
             common("ATTDEF", *attdef, paper);
             m_out.text(100, "AcDbText");
             m_out.point(10, attdef->position());
@@ -590,11 +637,22 @@ private:
 
     const KtDbDatabase& m_db;
     DxfStream& m_out;
+    std::unordered_map<std::uint64_t, std::string> m_layerNames;
+    std::unordered_map<std::uint64_t, std::string>::const_iterator m_lastLayer = m_layerNames.end();
+    KtString m_lastLinetype;
+    std::string m_lastLinetypeUtf8;
+    struct Block
+    {
+        KtDbObjectId id;
+        const KtDbBlockTableRecord* record;
+        std::string name, path;
+        std::uint64_t beginHandle, endHandle;
+    };
+    std::vector<Block> m_blocks;
     std::uint64_t m_next;
     std::uint64_t m_vportTable, m_vport, m_styleTable, m_style, m_viewTable, m_ucsTable, m_appidTable,
         m_appid, m_dimstyleTable, m_dimstyle, m_rootDictionary, m_groupDictionary, m_layoutDictionary,
         m_modelLayout, m_paperLayout;
-    std::vector<std::uint64_t> m_blockBegin, m_blockEnd;
 };
 
 Kt::ErrorStatus KtDbDatabase::dxfOut(const wchar_t* fileName) const
