@@ -240,9 +240,11 @@ bool CKtArchive::ReadString(KtString& text)
 {
     // Parts of up to 128 characters, line end kept, each appended at the end of
     // the text. The text's buffer grows geometrically and the length is kept
-    // here, so a long line costs time in proportion to its length.
+    // here, so a long line costs time in proportion to its length. The text is
+    // emptied but keeps its storage: a loop reading line after line into one
+    // string allocates only for a line longer than all before it.
     constexpr unsigned int Part = 128;
-    text = KtString();
+    text.releaseBuffer(0);
     int length = 0;
     int capacity = 0;
     wchar_t* chars = nullptr;
