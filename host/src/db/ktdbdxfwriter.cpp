@@ -396,8 +396,7 @@ private:
             m_out.text(1, b.path);
             // Model space entities go to the ENTITIES section.
             if (b.id != m_db.modelSpaceId()) {
-                for (const KtDbObjectId& entity : entitiesOf(*block))
-                    write(entity, paper);
+                writeEntities(*block, paper);
             }
             m_out.text(0, "ENDBLK");
             m_out.handle(5, b.endHandle);
@@ -416,8 +415,7 @@ private:
         m_out.text(0, "SECTION");
         m_out.text(2, "ENTITIES");
         if (const auto* model = at<KtDbBlockTableRecord>(m_db.modelSpaceId())) {
-            for (const KtDbObjectId& entity : entitiesOf(*model))
-                write(entity, false);
+            writeEntities(*model, false);
         }
         m_out.text(0, "ENDSEC");
     }
@@ -431,9 +429,8 @@ private:
         if (paper)
             m_out.integer(67, 1);
         m_out.text(8, layerName(e.layerId()));
-        const KtString& linetype = e.m_linetype;
-        if (linetype.compare(L"ByLayer") != 0)
-            m_out.text(6, linetypeName(linetype));
+        if (const std::string* linetype = linetypeName(e.m_linetype))
+            m_out.text(6, *linetype);
         const KtCmColor color = e.color();
         if (color.colorMethod() == KtCmColor::kByColor) {
             m_out.integer(62, 7);
@@ -464,19 +461,27 @@ private:
         m_lastLayer = it;
         return it->second;
     }
-    const std::string& linetypeName(const KtString& name)
+    // The linetype's name in UTF-8; null for ByLayer, which is not written.
+    const std::string* linetypeName(const KtString& name)
     {
         // Most entities share the last one's linetype.
-        if (m_lastLinetype.isEmpty() || name.compare(m_lastLinetype.c_str()) != 0) {
+        if (!m_haveLinetype || name.compare(m_lastLinetype) != 0) {
+            m_haveLinetype = true;
             m_lastLinetype = name;
+            m_lastLinetypeIsByLayer = name.compare(L"ByLayer") == 0;
             m_lastLinetypeUtf8 = DxfStream::utf8Line(name);
         }
-        return m_lastLinetypeUtf8;
+        return m_lastLinetypeIsByLayer ? nullptr : &m_lastLinetypeUtf8;
     }
 
-    void write(const KtDbObjectId& id, bool paper)
+    void writeEntities(const KtDbBlockTableRecord& block, bool paper)
     {
-        const KtDbObject* object = m_db.objectAt(id.handle());
+        for (const KtDbObjectId& id : entitiesOf(block))
+            write(m_db.objectAt(id.handle()), paper);
+    }
+
+    void write(const KtDbObject* object, bool paper)
+    {
         if (!object || object->isErased())
             return;
         // The entity classes have no subclasses: their exact class decides.
@@ -639,7 +644,9 @@ private:
     DxfStream& m_out;
     std::unordered_map<std::uint64_t, std::string> m_layerNames;
     std::unordered_map<std::uint64_t, std::string>::const_iterator m_lastLayer = m_layerNames.end();
+    bool m_haveLinetype = false;
     KtString m_lastLinetype;
+    bool m_lastLinetypeIsByLayer = false;
     std::string m_lastLinetypeUtf8;
     struct Block
     {
