@@ -2,6 +2,7 @@
 
 #include <mutex>
 #include <unordered_map>
+#include <vector>
 
 KT_DEFINE_RX_MEMBERS(KtDbDatabase, CJxRxObject)
 
@@ -23,8 +24,12 @@ std::uint64_t g_lastSerial = 0;
 class KtDbDatabase::Private
 {
 public:
-    std::unordered_map<std::uint64_t, KtDbObject*> objects;
-    std::uint64_t nextHandle = 0x20; // lower handles are left to the file formats
+    static constexpr std::uint64_t kFirstHandle = 0x20; // lower handles are left to the file formats
+    // Handles are given out in sequence, so the object of a handle is found by
+    // position: null once it is gone.
+    std::vector<KtDbObject*> objects;
+    std::size_t objectCount = 0;
+    std::uint64_t nextHandle = kFirstHandle;
     std::uint64_t serial = 0;
     KtDbObjectId blockTable, layerTable, linetypeTable;
     KtDbObjectId layerZero, modelSpace, paperSpace;
@@ -72,7 +77,7 @@ KtDbDatabase::~KtDbDatabase()
         liveDatabases().erase(this);
     }
     // No longer live: the objects' destructors leave the map alone.
-    for (auto& [handle, object] : d->objects)
+    for (KtDbObject* object : d->objects)
         delete object;
 }
 
@@ -98,22 +103,25 @@ KtDbObjectId KtDbDatabase::add(KtDbObject* object, KtDbObjectId owner)
     const KtDbObjectId id(this, d->serial, d->nextHandle++);
     object->m_id = id;
     object->m_owner = owner;
-    d->objects.emplace(id.handle(), object);
+    d->objects.push_back(object);
+    ++d->objectCount;
     object->addedToDatabase(this);
     return id;
 }
 
 KtDbObject* KtDbDatabase::objectAt(std::uint64_t handle) const
 {
-    const auto it = d->objects.find(handle);
-    return it == d->objects.end() ? nullptr : it->second;
+    const std::uint64_t index = handle - Private::kFirstHandle; // wraps for handles below the first
+    return index < d->objects.size() ? d->objects[index] : nullptr;
 }
 
 void KtDbDatabase::forget(const KtDbObject* object)
 {
-    const auto it = d->objects.find(object->objectId().handle());
-    if (it != d->objects.end() && it->second == object)
-        d->objects.erase(it);
+    const std::uint64_t index = object->objectId().handle() - Private::kFirstHandle;
+    if (index < d->objects.size() && d->objects[index] == object) {
+        d->objects[index] = nullptr;
+        --d->objectCount;
+    }
 }
 
 KtDbObjectId KtDbDatabase::blockTableId() const
@@ -190,5 +198,5 @@ std::uint64_t KtDbDatabase::handseed() const
 
 std::size_t KtDbDatabase::objectCount() const
 {
-    return d->objects.size();
+    return d->objectCount;
 }
