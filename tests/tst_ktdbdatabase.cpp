@@ -262,6 +262,16 @@ void KtDbDatabaseTest::dxfOutErrors()
     const std::wstring good = (dir.path() + QStringLiteral("/a.dxf")).toStdWString();
     QCOMPARE(drawing.db()->dxfOut(good.c_str()), Kt::eOk);
     QVERIFY(QFileInfo(dir.path() + QStringLiteral("/a.dxf")).size() > 1000);
+
+    // A device that takes nothing: in one piece, and in many written beside the formatting.
+    if (QFileInfo::exists(QStringLiteral("/dev/full"))) {
+        QCOMPARE(drawing.db()->dxfOut(L"/dev/full"), Kt::eFileAccessError);
+        for (int i = 0; i < 2000; ++i)
+            addBlock(drawing.db(), (L"Block" + std::to_wstring(i)).c_str());
+        QCOMPARE(drawing.db()->dxfOut(L"/dev/full"), Kt::eFileAccessError);
+        QCOMPARE(drawing.db()->dxfOut(good.c_str()), Kt::eOk);
+        QVERIFY(QFileInfo(dir.path() + QStringLiteral("/a.dxf")).size() > 256 * 1024);
+    }
 }
 
 QTEST_MAIN(KtDbDatabaseTest)
