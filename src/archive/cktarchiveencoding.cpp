@@ -240,11 +240,11 @@ bool CKtArchive::ReadString(KtString& text)
 {
     // Parts of up to 128 characters, line end kept, each appended at the end of
     // the text. The text's buffer grows geometrically and the length is kept
-    // here, so a long line costs time in proportion to its length. The text is
-    // emptied but keeps its storage: a loop reading line after line into one
-    // string allocates only for a line longer than all before it.
+    // here, so a long line costs time in proportion to its length. The text's
+    // own storage is written over from the start and cut to the line at the
+    // end: a loop reading line after line into one string neither allocates
+    // nor clears memory for a line no longer than one before it.
     constexpr unsigned int Part = 128;
-    text.releaseBuffer(0);
     int length = 0;
     int capacity = 0;
     wchar_t* chars = nullptr;
