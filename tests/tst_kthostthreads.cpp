@@ -77,7 +77,9 @@ private Q_SLOTS:
             for (int i = 0; i < kRounds; ++i) {
                 if (t == 0)
                     ktutSetImageDirectory(i % 2 ? QStringLiteral("/nonexistent-kt-images") : QString());
-                bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("plot/plotstyle_fillstyle.bmp"))) ? 0 : 1;
+                bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("plot/plotstyle_fillstyle.bmp")))
+                    ? 0
+                    : 1;
                 bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("../outside.bmp"))) ? 1 : 0;
                 void* block = ktHeapAlloc(std::size_t(16 + i));
                 static_cast<char*>(block)[0] = char(t);
@@ -98,7 +100,8 @@ private Q_SLOTS:
         const int failures = onFourThreads([&english](int) {
             int bad = 0;
             for (int i = 0; i < kRounds; ++i) {
-                bad += ktutResourceText(L"IDS_PLOTSTYLEOPTIONCMD_6", L"实心") == QStringLiteral("Solid") ? 0 : 1;
+                bad += ktutResourceText(L"IDS_PLOTSTYLEOPTIONCMD_6", L"实心") == QStringLiteral("Solid") ? 0
+                                                                                                         : 1;
                 bad += ktutResourceText(L"IDS_NO_SUCH_KEY", L"默认") == QStringLiteral("默认") ? 0 : 1;
                 bad += english.getText(L"IDS_STRING_RED", L"红") == KtString(L"Red") ? 0 : 1;
             }
