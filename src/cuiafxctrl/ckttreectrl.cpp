@@ -67,8 +67,10 @@ CKtTreeCtrl::CKtTreeCtrl(QWidget* pParent)
         header()->setVisible(false);
 
     QAbstractItemModel* items = model();
-    connect(items, &QAbstractItemModel::rowsInserted, this, &CKtTreeCtrl::trackInserted);
-    connect(items, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CKtTreeCtrl::forgetRemoved);
+    connect(items, &QAbstractItemModel::rowsInserted, this,
+        [this](const QModelIndex& parent, int first, int last) { trackRows(parent, first, last, true); });
+    connect(items, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+        [this](const QModelIndex& parent, int first, int last) { trackRows(parent, first, last, false); });
     connect(items, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         ++m_live->version;
         m_live->items.clear();
@@ -104,36 +106,26 @@ QTreeWidgetItem* CKtTreeCtrl::found(QTreeWidgetItem* item) const
     return item;
 }
 
-void CKtTreeCtrl::trackInserted(const QModelIndex& parent, int first, int last)
+void CKtTreeCtrl::trackRows(const QModelIndex& parent, int first, int last, bool inserted)
 {
     ++m_live->version;
     QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
     if (!container)
         return;
+    const auto track = [this, inserted](QTreeWidgetItem* item) {
+        if (inserted)
+            m_live->items.insert(item);
+        else
+            m_live->items.erase(item);
+    };
     for (int row = first; row <= last; ++row) {
         QTreeWidgetItem* item = container->child(row);
         if (!item)
             continue;
-        m_live->items.insert(item);
+        track(item);
         // An item may come with a subtree of its own (a taken item put back, say).
         if (item->childCount() > 0)
-            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_live->items.insert(child); });
-    }
-}
-
-void CKtTreeCtrl::forgetRemoved(const QModelIndex& parent, int first, int last)
-{
-    ++m_live->version;
-    QTreeWidgetItem* container = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
-    if (!container)
-        return;
-    for (int row = first; row <= last; ++row) {
-        QTreeWidgetItem* item = container->child(row);
-        if (!item)
-            continue;
-        m_live->items.erase(item);
-        if (item->childCount() > 0)
-            forEachDescendant(item, [this](QTreeWidgetItem* child) { m_live->items.erase(child); });
+            forEachDescendant(item, track);
     }
 }
 

@@ -160,8 +160,8 @@ public:
 private:
     QTreeWidgetItem* live(QTreeWidgetItem* hItem) const;
     QTreeWidgetItem* found(QTreeWidgetItem* item) const;
-    void trackInserted(const QModelIndex& parent, int first, int last);
-    void forgetRemoved(const QModelIndex& parent, int first, int last);
+    /// Adds the items of rows @p first to @p last under @p parent, subtrees included, or takes them out.
+    void trackRows(const QModelIndex& parent, int first, int last, bool inserted);
     void trackAll();
     QTreeWidgetItem* containerOf(QTreeWidgetItem* hItem) const;
     int rowOf(QTreeWidgetItem* container, const QTreeWidgetItem* hItem) const;
