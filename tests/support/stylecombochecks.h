@@ -21,6 +21,18 @@ struct StyleComboChecks
     std::function<int(Combo&, int)> read;
     QVector<QPair<int, int>> selections; // value -> current row, from row 2
 
+    /// Every check; QCOMPARE returns from the one that fails, so a failure stops here.
+    void run() const
+    {
+        for (void (StyleComboChecks::*check)() const :
+            {&StyleComboChecks::rows, &StyleComboChecks::english, &StyleComboChecks::selectByValue,
+                &StyleComboChecks::missingBitmap, &StyleComboChecks::initializeTwice}) {
+            (this->*check)();
+            if (QTest::currentTestFailed())
+                return;
+        }
+    }
+
     void rows() const
     {
         Combo combo;
