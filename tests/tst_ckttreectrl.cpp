@@ -61,23 +61,18 @@ private Q_SLOTS:
     void init() { m_tree = std::make_unique<CKtTreeCtrl>(nullptr); }
     void cleanup() { m_tree.reset(); }
 
-    void construction();
     void imageList();
     void insertPlacement_data();
     void insertPlacement();
     void insertImages_data();
     void insertImages();
-    void insertStructureAndCheckBoxes();
-    void itemsAreIndependent();
-    void textAndData();
+    void insertStructureTextAndCheckBoxes();
     void setItemState_data();
     void setItemState();
-    void stateImageMask_data();
     void stateImageMask();
     void siblingCheckSummary_data();
     void siblingCheckSummary();
     void navigation();
-    void getNextItem_data();
     void getNextItem();
     void countsAndGeometry();
     void selectionAndEditing();
@@ -95,41 +90,23 @@ private:
     std::unique_ptr<CKtTreeCtrl> m_tree;
 };
 
-void TestCKtTreeCtrl::construction()
-{
-    QWidget dialog;
-    CKtTreeCtrl tree(&dialog);
-    QCOMPARE(tree.parentWidget(), nullptr); // the parent argument is not passed on
-    QVERIFY(tree.header()->isHidden());
-    QCOMPARE(tree.GetRootItem(), tree.invisibleRootItem());
-    QCOMPARE(tree.GetChildItem(nullptr), nullptr);
-    QCOMPARE(tree.GetFirstVisibleItem(), nullptr);
-}
-
 void TestCKtTreeCtrl::imageList()
 {
-    QTreeWidgetItem* none = m_tree->InsertItem(L"no list yet");
     QVERIFY(m_tree->SetImageList(CKtImageList{solid(Qt::red)}, 0).isEmpty());
     QTreeWidgetItem* before = m_tree->InsertItem(L"before");
-    QCOMPARE(m_tree->SetImageList(m_tree->GetImageList(0), 1).size(), 1); // the same list: unchanged
     QCOMPARE(m_tree->SetImageList(CKtImageList{solid(Qt::blue)}, 0).size(), 1);
     m_tree->AppendItemImage(solid(Qt::green));
     QCOMPARE(m_tree->GetImageList(7).size(), 2);
     m_tree->ClearItemImageList();
     QVERIFY(m_tree->GetImageList(0).isEmpty());
-    QTreeWidgetItem* after = m_tree->InsertItem(L"after");
 
     // Icons are made at insertion: later list changes leave them alone.
     QCOMPARE(iconColor(before->icon(0), QIcon::Normal), QColor(Qt::red));
-    QVERIFY(none->icon(0).isNull());
-    QVERIFY(after->icon(0).isNull());
+    QVERIFY(m_tree->InsertItem(L"after")->icon(0).isNull());
     auto* foreign = new QTreeWidgetItem(m_tree.get(), QStringList{"plain"}); // absent roles read as 0
-    for (QTreeWidgetItem* item : {none, before, after, foreign}) {
-        int image = 9, selected = 9;
-        QCOMPARE(m_tree->GetItemImage(item, image, selected), 1);
-        QCOMPARE(image, 0);
-        QCOMPARE(selected, 0);
-    }
+    int image = 9, selected = 9;
+    QCOMPARE(m_tree->GetItemImage(foreign, image, selected), 1);
+    QCOMPARE(QPoint(image, selected), QPoint(0, 0));
 }
 
 void TestCKtTreeCtrl::insertPlacement_data()
@@ -141,30 +118,21 @@ void TestCKtTreeCtrl::insertPlacement_data()
     QTest::addColumn<QStringList>("children");
 
     const QStringList top{"P", "T"}, kids{"c0", "c1", "c2"}, last{"c0", "c1", "c2", "new"};
-    QTest::newRow("root") << ""
-                          << "" << QStringList{"P", "T", "new"} << kids;
+    const QStringList appended{"P", "T", "new"};
     QTest::newRow("root ignores after") << ""
-                                        << "c0" << QStringList{"P", "T", "new"} << kids;
+                                        << "c0" << appended << kids;
+    QTest::newRow("TVI_ROOT parent") << "TVI_ROOT"
+                                     << "TVI_LAST" << appended << kids;
     QTest::newRow("after first child") << "P"
                                        << "c0" << top << QStringList{"c0", "new", "c1", "c2"};
-    QTest::newRow("after middle child") << "P"
-                                        << "c1" << top << QStringList{"c0", "c1", "new", "c2"};
-    QTest::newRow("after last child") << "P"
-                                      << "c2" << top << last;
     QTest::newRow("no after") << "P"
                               << "" << top << last;
     QTest::newRow("after a non-child") << "P"
                                        << "T" << top << last;
-    QTest::newRow("after the parent") << "P"
-                                      << "P" << top << last;
-    QTest::newRow("TVI_FIRST") << "P"
-                               << "TVI_FIRST" << top << last;
-    QTest::newRow("TVI_LAST") << "P"
-                              << "TVI_LAST" << top << last;
-    QTest::newRow("TVI_SORT") << "P"
-                              << "TVI_SORT" << top << last;
-    QTest::newRow("TVI_ROOT parent") << "TVI_ROOT"
-                                     << "TVI_LAST" << QStringList{"P", "T", "new"} << kids;
+    QTest::newRow("TVI_FIRST appends") << "P"
+                                       << "TVI_FIRST" << top << last;
+    QTest::newRow("TVI_SORT appends") << "P"
+                                      << "TVI_SORT" << top << last;
 }
 
 void TestCKtTreeCtrl::insertPlacement()
@@ -195,7 +163,6 @@ void TestCKtTreeCtrl::insertImages_data()
     QTest::addColumn<bool>("hasIcon");
 
     QTest::newRow("0/1") << 0 << 1 << true;
-    QTest::newRow("1/0") << 1 << 0 << true;
     QTest::newRow("image out of range") << 2 << 0 << false;
     QTest::newRow("selected out of range") << 0 << 2 << false;
     QTest::newRow("negative image") << -1 << 0 << false;
@@ -223,9 +190,6 @@ void TestCKtTreeCtrl::insertImages()
     QCOMPARE(m_tree->GetItemImage(item, gotImage, gotSelected), 1);
     QCOMPARE(gotImage, image);
     QCOMPARE(gotSelected, selectedImage);
-    QCOMPARE(item->data(0, KtItemRole::Image).userType(), int(QMetaType::Int));
-    QCOMPARE(item->data(0, KtItemRole::CheckMirror), QVariant(int(Qt::Unchecked)));
-    QVERIFY(!item->data(0, KtItemRole::State).isValid());
 
     // SetItemImage takes the same indices or refuses them, leaving the item as it was.
     QTreeWidgetItem* other = m_tree->InsertItem(L"y", 5, 6, nullptr, nullptr);
@@ -234,18 +198,16 @@ void TestCKtTreeCtrl::insertImages()
     QCOMPARE(gotImage, hasIcon ? image : 5);
     QCOMPARE(gotSelected, hasIcon ? selectedImage : 6);
     QCOMPARE(other->icon(0).isNull(), !hasIcon);
-    if (hasIcon)
-        QCOMPARE(iconColor(other->icon(0), QIcon::Selected), colors[selectedImage]);
 }
 
-void TestCKtTreeCtrl::insertStructureAndCheckBoxes()
+void TestCKtTreeCtrl::insertStructureTextAndCheckBoxes()
 {
     m_tree->SetImageList(CKtImageList{solid(Qt::red), solid(Qt::blue)}, 0);
     QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
     QTreeWidgetItem* first = m_tree->InsertItem(L"first", parent);
     m_tree->InsertItem(L"last", parent);
 
-    wchar_t label[] = L"从结构插入";
+    wchar_t label[] = L"从结构插入 🙂";
     tagTVINSERTSTRUCT insert{};
     insert.hParent = parent;
     insert.hInsertAfter = first;
@@ -257,63 +219,27 @@ void TestCKtTreeCtrl::insertStructureAndCheckBoxes()
     QCOMPARE(m_tree->GetItemData(item), 0ull); // mask, state and lParam are not read
     QCOMPARE(m_tree->GetItemState(item, 0xFFFFFFFF), 0u);
     QCOMPARE(m_tree->InsertItem(static_cast<tagTVINSERTSTRUCT*>(nullptr)), nullptr);
-
-    // Check boxes reach only items inserted while the mode is on.
-    m_tree->SetCheckBoxes(5);
-    QCOMPARE(m_tree->GetCheckBoxes(), 5);
-    QTreeWidgetItem* boxed = m_tree->InsertItem(L"boxed");
-    QCOMPARE(boxed->checkState(0), Qt::Unchecked);
-    QVERIFY(boxed->flags() & Qt::ItemIsUserCheckable);
-    m_tree->SetCheckBoxes(1, Qt::ItemIsAutoTristate);
-    QVERIFY(m_tree->InsertItem(L"tristate")->flags() & Qt::ItemIsAutoTristate);
-    m_tree->SetCheckBoxes(0, Qt::ItemIsAutoTristate);
-    QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
-    QVERIFY(!plain->data(0, Qt::CheckStateRole).isValid());
-    QVERIFY(!(plain->flags() & Qt::ItemIsAutoTristate));
-    QVERIFY(!first->data(0, Qt::CheckStateRole).isValid());
-}
-
-void TestCKtTreeCtrl::itemsAreIndependent()
-{
-    // Items built one after the other with the same settings share nothing a
-    // later change to one of them could reach.
-    QTreeWidgetItem* a = m_tree->InsertItem(L"a");
-    QTreeWidgetItem* b = m_tree->InsertItem(L"b");
-    m_tree->SetItemData(a, 42);
-    m_tree->SetItemState(a, TVIS_SELECTED, TVIS_SELECTED);
-    m_tree->SetCheck(a, 1);
-    a->setFlags(a->flags() | Qt::ItemIsEditable);
-    QCOMPARE(m_tree->GetItemData(b), 0ull);
-    QCOMPARE(m_tree->GetItemState(b, TVIS_SELECTED), 0u);
-    QCOMPARE(m_tree->GetCheck(b), 0);
-    QVERIFY(!(b->flags() & Qt::ItemIsEditable));
-    QCOMPARE(b->text(0), QStringLiteral("b"));
-
-    m_tree->SetCheckBoxes(1, Qt::ItemIsUserCheckable | Qt::ItemIsEditable);
-    QTreeWidgetItem* d = m_tree->InsertItem(L"d", 3, 4, nullptr, nullptr);
-    m_tree->SetCheckBoxes(1, Qt::ItemIsUserCheckable);
-    QTreeWidgetItem* e = m_tree->InsertItem(L"e", 3, 4, nullptr, nullptr);
-    QVERIFY(d->flags() & Qt::ItemIsEditable);
-    QVERIFY(!(e->flags() & Qt::ItemIsEditable));
-    int image = 0, selected = 0;
-    m_tree->GetItemImage(e, image, selected);
-    QCOMPARE(QPoint(image, selected), QPoint(3, 4));
-    QCOMPARE(e->type(), int(QTreeWidgetItem::Type));
-}
-
-void TestCKtTreeCtrl::textAndData()
-{
-    QTreeWidgetItem* item = m_tree->InsertItem(L"old");
-    for (const QString& label : {QString(), QStringLiteral("Layer 0"), QStringLiteral("图层 🙂")}) {
-        const std::wstring wide = label.toStdWString();
-        QCOMPARE(m_tree->SetItemText(item, wide.c_str()), 1);
-        QCOMPARE(item->text(0), label);
-        QCOMPARE(m_tree->GetItemText(item), KtString(wide.c_str()));
-    }
-    QCOMPARE(m_tree->GetItemData(item), 0ull);
+    QCOMPARE(m_tree->SetItemText(item, nullptr), 1);
+    QCOMPARE(item->text(0), QString());
     QCOMPARE(m_tree->SetItemData(item, ~0ull), 1);
     QCOMPARE(m_tree->GetItemData(item), ~0ull);
     QCOMPARE(item->data(0, KtItemRole::ItemData).userType(), int(QMetaType::ULongLong));
+
+    // Check boxes and their flags reach only items inserted while the mode is on; items
+    // share nothing a later change to one of them could reach.
+    m_tree->SetCheckBoxes(5);
+    QTreeWidgetItem* boxed = m_tree->InsertItem(L"boxed");
+    QCOMPARE(boxed->checkState(0), Qt::Unchecked);
+    QVERIFY(boxed->flags() & Qt::ItemIsUserCheckable);
+    m_tree->SetCheckBoxes(1, Qt::ItemIsAutoTristate | Qt::ItemIsEditable);
+    QTreeWidgetItem* tristate = m_tree->InsertItem(L"tristate");
+    m_tree->SetCheckBoxes(0, Qt::ItemIsAutoTristate);
+    QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
+    const Qt::ItemFlags extra = Qt::ItemIsAutoTristate | Qt::ItemIsEditable;
+    QCOMPARE(tristate->flags() & extra, extra);
+    QCOMPARE(plain->flags() & extra, Qt::ItemFlags());
+    QVERIFY(!plain->data(0, Qt::CheckStateRole).isValid());
+    QVERIFY(!first->data(0, Qt::CheckStateRole).isValid());
 }
 
 void TestCKtTreeCtrl::setItemState_data()
@@ -325,11 +251,9 @@ void TestCKtTreeCtrl::setItemState_data()
 
     QTest::newRow("set selected") << 0u << 0x2u << 0x2u << 0x2u;
     QTest::newRow("clear selected") << 0x22u << 0u << 0x2u << 0x20u;
-    QTest::newRow("clear absent bit") << 0x20u << 0u << 0x2u << 0x20u;
     QTest::newRow("two-bit mask, one set") << 0x20u << 0u << 0x22u << 0x20u;
     QTest::newRow("two-bit mask, both set") << 0x22u << 0u << 0x22u << 0u;
     QTest::newRow("partial mask still ORs") << 0x02u << 0x40u << 0x22u << 0x42u;
-    QTest::newRow("state outside mask") << 0x20u << 0x4u << 0x2u << 0x24u;
     QTest::newRow("mask 0 ORs") << 0x20u << 0x8u << 0u << 0x28u;
     QTest::newRow("replace all") << 0x22u << 0x10u << 0xFFFFFFFFu << 0x10u;
     QTest::newRow("private collapse") << 0x22u << 0x40u << 1u << 0x02u;
@@ -349,7 +273,6 @@ void TestCKtTreeCtrl::setItemState()
     QCOMPARE(changed.count(), 0); // bookkeeping emits nothing
     QVERIFY(!m_tree->signalsBlocked());
     QCOMPARE(stored(item), expected);
-    QCOMPARE(item->data(0, KtItemRole::State).userType(), int(QMetaType::UInt));
     // Any mask but the state-image mask reads back the whole, unmasked value.
     QCOMPARE(m_tree->GetItemState(item, TVIS_SELECTED), expected);
 
@@ -359,34 +282,22 @@ void TestCKtTreeCtrl::setItemState()
     QVERIFY(m_tree->signalsBlocked());
     m_tree->blockSignals(false);
     QCOMPARE(stored(item), initial);
-    item->setData(0, KtItemRole::State, 7u); // whereas a plain write does signal
-    QCOMPARE(changed.count(), 1);
-}
-
-void TestCKtTreeCtrl::stateImageMask_data()
-{
-    QTest::addColumn<uint>("state");
-    QTest::addColumn<int>("check");
-
-    QTest::newRow("image 0") << 0x0000u << int(Qt::Unchecked);
-    QTest::newRow("image 1") << 0x1000u << int(Qt::Unchecked);
-    QTest::newRow("image 2") << 0x2000u << int(Qt::PartiallyChecked);
-    QTest::newRow("image 3") << 0x3022u << int(Qt::Checked);
-    QTest::newRow("image 4") << 0x4000u << int(Qt::Unchecked);
 }
 
 void TestCKtTreeCtrl::stateImageMask()
 {
-    QFETCH(uint, state);
-    QFETCH(int, check);
-
     QTreeWidgetItem* item = m_tree->InsertItem(L"x");
     item->setData(0, KtItemRole::State, 0x20u);
-    QCOMPARE(m_tree->SetItemState(item, state, TVIS_STATEIMAGEMASK), 1);
-    QCOMPARE(item->data(0, Qt::CheckStateRole).toInt(), check);
-    QCOMPARE(item->data(0, KtItemRole::CheckMirror).toInt(), check);
-    QCOMPARE(stored(item), 0x20u); // the stored bits are not touched
-    QCOMPARE(m_tree->GetCheck(item), int(check == Qt::Checked));
+    // Image 2 is a partial check, 3 a check; 0, 1 and 4 are unchecked.
+    const std::pair<uint, int> cases[] = {{0x0000u, Qt::Unchecked}, {0x4000u, Qt::Unchecked},
+        {0x2000u, Qt::PartiallyChecked}, {0x3022u, Qt::Checked}};
+    for (auto [state, check] : cases) {
+        QCOMPARE(m_tree->SetItemState(item, state, TVIS_STATEIMAGEMASK), 1);
+        QCOMPARE(item->data(0, Qt::CheckStateRole).toInt(), check);
+        QCOMPARE(item->data(0, KtItemRole::CheckMirror).toInt(), check);
+        QCOMPARE(stored(item), 0x20u); // the stored bits are not touched
+        QCOMPARE(m_tree->GetCheck(item), int(check == Qt::Checked));
+    }
 }
 
 void TestCKtTreeCtrl::siblingCheckSummary_data()
@@ -395,8 +306,7 @@ void TestCKtTreeCtrl::siblingCheckSummary_data()
     QTest::addColumn<uint>("expected");
 
     QTest::newRow("all unchecked") << QList<int>{0, 0, 0} << 0x1000u;
-    QTest::newRow("all checked") << QList<int>{2, 2, 2} << 0x3000u;
-    QTest::newRow("one partial, two checked") << QList<int>{1, 2, 2} << 0x2000u;
+    QTest::newRow("all checked") << QList<int>{2, 2} << 0x3000u;
     QTest::newRow("partial counts as unchecked") << QList<int>{1, 1, 1} << 0x1000u;
     QTest::newRow("only a sibling checked") << QList<int>{0, 2} << 0x2000u;
 }
@@ -430,24 +340,24 @@ void TestCKtTreeCtrl::siblingCheckSummary()
 
 void TestCKtTreeCtrl::navigation()
 {
+    QWidget dialog;
+    CKtTreeCtrl empty(&dialog);
+    QCOMPARE(empty.parentWidget(), nullptr); // the parent argument is not passed on
+    QVERIFY(empty.header()->isHidden());
+    QCOMPARE(empty.GetRootItem(), empty.invisibleRootItem());
+    QCOMPARE(empty.GetChildItem(nullptr), nullptr);
+    QCOMPARE(empty.GetFirstVisibleItem(), nullptr);
+
     QTreeWidgetItem* a = m_tree->InsertItem(L"a");
     QTreeWidgetItem* b = m_tree->InsertItem(L"b");
     QList<QTreeWidgetItem*> kids;
     for (int i = 0; i < 20; ++i)
         kids << m_tree->InsertItem(L"kid", a);
-
     QCOMPARE(m_tree->GetRootItem(), a);
     QCOMPARE(m_tree->GetChildItem(nullptr), a);
-    QCOMPARE(m_tree->GetChildItem(a), kids[0]);
-    QCOMPARE(m_tree->GetChildItem(b), nullptr);
-    QCOMPARE(m_tree->GetParentItem(kids[0]), a);
     QCOMPARE(m_tree->GetParentItem(a), nullptr);
-    QCOMPARE(m_tree->GetNextSiblingItem(a), b);
-    QCOMPARE(m_tree->GetNextSiblingItem(b), nullptr);
-    QCOMPARE(m_tree->GetPrevSiblingItem(b), a);
     QCOMPARE(m_tree->GetPrevSiblingItem(kids[0]), nullptr);
-    QCOMPARE(m_tree->ItemHasChildren(a), 1);
-    QCOMPARE(m_tree->ItemHasChildren(b), 0);
+    QCOMPARE(QPoint(m_tree->ItemHasChildren(a), m_tree->ItemHasChildren(b)), QPoint(1, 0));
 
     // Sibling look-ups stay right while items come and go between them.
     QCOMPARE(m_tree->GetNextSiblingItem(kids[10]), kids[11]);
@@ -457,44 +367,21 @@ void TestCKtTreeCtrl::navigation()
     QCOMPARE(m_tree->GetNextSiblingItem(kids[5]), inserted);
     QCOMPARE(m_tree->GetPrevSiblingItem(kids[6]), inserted);
     QCOMPARE(m_tree->GetNextSiblingItem(kids[19]), nullptr);
-    int walked = 0;
-    for (QTreeWidgetItem* it = m_tree->GetChildItem(a); it; it = m_tree->GetNextSiblingItem(it))
-        ++walked;
-    QCOMPARE(walked, a->childCount());
-
-    CKtTreeCtrl other(nullptr); // an item of another tree has no siblings here
-    QTreeWidgetItem* foreign = other.InsertItem(L"foreign");
-    other.InsertItem(L"foreign 2");
-    QCOMPARE(m_tree->GetNextSiblingItem(foreign), nullptr);
-}
-
-void TestCKtTreeCtrl::getNextItem_data()
-{
-    QTest::addColumn<uint>("code");
-    QTest::addColumn<bool>("givesNext");
-
-    // Only bit 0 is tested.
-    const char* names[]
-        = {"TVGN_ROOT", "TVGN_NEXT", "TVGN_PREVIOUS", "TVGN_PARENT", "TVGN_CHILD", "TVGN_FIRSTVISIBLE",
-            "TVGN_NEXTVISIBLE", "TVGN_PREVIOUSVISIBLE", "TVGN_DROPHILITE", "TVGN_CARET", "TVGN_LASTVISIBLE"};
-    for (uint code = TVGN_ROOT; code <= TVGN_LASTVISIBLE; ++code)
-        QTest::newRow(names[code]) << code << bool(code & 1);
-    QTest::newRow("unknown odd") << 0x101u << true;
 }
 
 void TestCKtTreeCtrl::getNextItem()
 {
-    QFETCH(uint, code);
-    QFETCH(bool, givesNext);
-
     QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
     QTreeWidgetItem* first = m_tree->InsertItem(L"first", parent);
     QTreeWidgetItem* second = m_tree->InsertItem(L"second", parent);
     m_tree->SelectItem(parent); // the caret is elsewhere: TVGN_CARET still walks to the sibling
 
-    QCOMPARE(m_tree->GetNextItem(first, code), givesNext ? second : nullptr);
-    QCOMPARE(m_tree->GetNextItem(second, code), nullptr);
-    QCOMPARE(m_tree->GetNextItem(nullptr, code), nullptr);
+    // Only bit 0 of the code is tested: odd codes give the next sibling, even ones nothing.
+    for (uint code : {TVGN_ROOT, TVGN_NEXT, TVGN_PARENT, TVGN_CHILD, TVGN_CARET, TVGN_LASTVISIBLE, 0x101u}) {
+        QCOMPARE(m_tree->GetNextItem(first, code), code & 1 ? second : nullptr);
+        QCOMPARE(m_tree->GetNextItem(second, code), nullptr);
+        QCOMPARE(m_tree->GetNextItem(nullptr, code), nullptr);
+    }
 }
 
 void TestCKtTreeCtrl::countsAndGeometry()
@@ -526,17 +413,13 @@ void TestCKtTreeCtrl::countsAndGeometry()
     unsigned int flags = 0;
     QCOMPARE(m_tree->HitTest(expected.center(), &flags), b);
     QCOMPARE(flags, 7u);
-    flags = 0;
     QCOMPARE(m_tree->HitTest(QPoint(5, 55), &flags), nullptr); // empty space
-    QCOMPARE(flags, 7u);
     QCOMPARE(m_tree->GetFirstVisibleItem(), a);
 
     m_tree->expandAll();
     QCOMPARE(m_tree->GetVisibleCount(), 7u); // scrolled out of view still counts
     hidden->setHidden(true);
     QCOMPARE(m_tree->GetVisibleCount(), 5u);
-    QCOMPARE(m_tree->GetItemRect(hidden, &rect, 0), 1);
-    QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
     QCOMPARE(m_tree->EnsureVisible(b), 1); // scrolls b into the viewport
     QVERIFY(m_tree->viewport()->rect().contains(m_tree->visualItemRect(b)));
     QVERIFY(m_tree->GetFirstVisibleItem() != a);
@@ -560,13 +443,11 @@ void TestCKtTreeCtrl::selectionAndEditing()
     b->setData(0, KtItemRole::State, TVIS_SELECTED); // not selected in Qt: keeps its bit
 
     QCOMPARE(m_tree->SelectItem(c), 1);
-    QCOMPARE(m_tree->GetSelectedItem(), c);
     QCOMPARE(stored(a), TVIS_EXPANDED);
     QCOMPARE(stored(b), TVIS_SELECTED);
     QCOMPARE(stored(c), TVIS_SELECTED);
 
     QCOMPARE(m_tree->Select(a, TVGN_DROPHILITE), 0);
-    QCOMPARE(m_tree->Select(a, TVGN_FIRSTVISIBLE), 0);
     QCOMPARE(m_tree->GetSelectedItem(), c);
     QCOMPARE(m_tree->Select(a, TVGN_CARET), 1);
     QCOMPARE(m_tree->GetSelectedItem(), a);
@@ -595,9 +476,7 @@ void TestCKtTreeCtrl::expand_data()
     QTest::addColumn<bool>("startExpanded");
     QTest::addColumn<bool>("expanded");
 
-    QTest::newRow("TVE_EXPAND") << TVE_EXPAND << false << true;
     QTest::newRow("TVE_COLLAPSE") << TVE_COLLAPSE << true << false;
-    QTest::newRow("TVE_TOGGLE on collapsed") << TVE_TOGGLE << false << true;
     QTest::newRow("TVE_TOGGLE on expanded") << TVE_TOGGLE << true << true;
     QTest::newRow("code 0 expands") << 0u << false << true;
     QTest::newRow("TVE_COLLAPSERESET alone expands") << TVE_COLLAPSERESET << true << true;
@@ -665,7 +544,6 @@ void TestCKtTreeCtrl::expandAllAndCollapseAll()
     // Only the descendants of the first top-level item are recorded.
     QCOMPARE(stored(f1), TVIS_EXPANDED);
     QCOMPARE(stored(f11), TVIS_EXPANDED | TVIS_SELECTED);
-    QVERIFY(!first->data(0, KtItemRole::State).isValid());
     QVERIFY(!s1->data(0, KtItemRole::State).isValid());
 
     m_tree->Expand(second, TVE_EXPAND);
@@ -719,7 +597,7 @@ void TestCKtTreeCtrl::checksAndDeletion()
     QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
     QTreeWidgetItem* child = m_tree->InsertItem(L"child", parent);
     m_tree->InsertItem(L"grandchild", child);
-    QTreeWidgetItem* other = m_tree->InsertItem(L"other");
+    m_tree->InsertItem(L"other");
 
     QCOMPARE(m_tree->SetCheck(child, 5), 1);
     QCOMPARE(m_tree->GetCheck(child), 1);
@@ -743,8 +621,6 @@ void TestCKtTreeCtrl::checksAndDeletion()
     QTRY_VERIFY(label.isNull()); // the item widget goes with the item
 
     QCOMPARE(m_tree->DeleteItem(nullptr), 1);
-    QCOMPARE(m_tree->DeleteItem(other), 1);
-    QCOMPARE(m_tree->GetCount(), 1u);
     QCOMPARE(m_tree->DeleteAllItems(), 1);
     QCOMPARE(m_tree->GetCount(), 0u);
 }
@@ -773,8 +649,6 @@ void TestCKtTreeCtrl::deadHandles_data()
     // clang-format off
     QTest::newRow("null") << pseudo(nullptr) << 4;
     QTest::newRow("TVI_ROOT") << pseudo(TVI_ROOT) << 4;
-    QTest::newRow("TVI_FIRST") << pseudo(TVI_FIRST) << 4;
-    QTest::newRow("TVI_LAST") << pseudo(TVI_LAST) << 4;
     QTest::newRow("TVI_SORT") << pseudo(TVI_SORT) << 4;
     QTest::newRow("DeleteItem") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.DeleteItem(h); return h; }) << 3;
     QTest::newRow("child of a deleted item") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(1); t.DeleteItem(t.topLevelItem(0)); return h; }) << 1;
