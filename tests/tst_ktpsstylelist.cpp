@@ -20,11 +20,6 @@ QStringList recordNames(KtPsStyleList& list)
     return names;
 }
 
-StyleListItem* rowWidget(KtPsStyleList& list, int row)
-{
-    return qobject_cast<StyleListItem*>(list.itemWidget(list.item(row)));
-}
-
 } // namespace
 
 class TestKtPsStyleList : public QObject
@@ -38,8 +33,8 @@ private Q_SLOTS:
         KtPsStyleList list;
         list.insertStyleData(0, "A", Qt::red, &a);
         list.insertStyleData(1, "B", Qt::green, &b);
-        list.insertStyleData(3, "ignored", Qt::blue, &c);
-        list.insertStyleData(-1, "ignored", Qt::blue, &c);
+        for (int index : {3, -1})
+            list.insertStyleData(index, "ignored", Qt::blue, &c);
         list.refreshStyleList();
         list.setCurrentRow(1);
 
@@ -48,24 +43,18 @@ private Q_SLOTS:
         list.insertStyleData(0, "C", Qt::blue, &c);
         QCOMPARE(list.count(), 2); // the rows wait for the rebuild
         list.refreshStyleList();
-        QCOMPARE(rowChanged.count() + selection.count(), 0);
-        QCOMPARE(list.count(), 3);
-        for (int row = 0; row < 3; ++row) {
-            QCOMPARE(list.item(row)->data(Qt::SizeHintRole).toSize(), QSize(185, 20));
-            QCOMPARE(rowWidget(list, row)->size(), QSize(185, 20));
-        }
+        QVERIFY(rowChanged.count() + selection.count() == 0 && list.count() == 3);
 
         list.modifyStyleData(2, &a); // marks only: the stored object stays
         QCOMPARE(list.getStyleDataList().at(2).style, &b);
-        for (int index : {-1, 3})
+        for (int index : {-1, 3, 1})
             list.renameStyle(index, "Z");
-        list.renameStyle(1, "Z");
         QCOMPARE(recordNames(list), QStringList({"C", "Z*", "B*"}));
         for (int index : {3, -1, 0})
             list.removeStyleData(index);
         QCOMPARE(recordNames(list), QStringList({"Z*", "B*"}));
         list.insertNewItem(7, Qt::black, "appended");
-        QCOMPARE(list.count(), 4);
+        QCOMPARE(list.count(), 4); // a row with no record
         list.clearStyleDataList();
         list.refreshStyleList();
         QVERIFY(list.getStyleDataList().isEmpty() && list.count() == 0);
@@ -78,20 +67,17 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i)
             list.insertStyleData(i, QString::number(i), Qt::red, &styles[i]);
         // The guard stops at 254 whatever the number of records.
-        for (int index : {0, 254, 255, 299, -1, 300}) {
-            CJxPlotStyle sentinel;
-            CJxPlotStyle* style = &sentinel;
+        for (int index : {254, 255, -1, 300}) {
+            CJxPlotStyle sentinel, *style = &sentinel;
             list.getStyleData(index, style);
-            QCOMPARE(style, index == 0 || index == 254 ? &styles[index] : &sentinel);
+            QCOMPARE(style, index == 254 ? &styles[index] : &sentinel);
         }
     }
 
     void hexColour()
     {
-        StyleListItem item;
-        QCOMPARE(item.convertRGBToHexColor(QColor(255, 128, 0)), QStringLiteral("#ff8000"));
-        QCOMPARE(item.convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
-        QCOMPARE(item.convertRGBToHexColor(QColor(0, 0, 0)), QStringLiteral("#000000"));
+        // Alpha is dropped; each channel takes two digits.
+        QCOMPARE(StyleListItem().convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
     }
 
     void painting_data()
@@ -101,7 +87,6 @@ private Q_SLOTS:
         QTest::addColumn<QColor>("highlight"); // at x >= 25; invalid: none
         // clang-format off
         QTest::newRow("dark text") << QColor(Qt::black) << 1 << QColor(Qt::lightGray);
-        QTest::newRow("light text") << QColor(Qt::white) << 1 << QColor(Qt::darkBlue);
         QTest::newRow("mid grey counts as light") << QColor(128, 128, 128) << 1 << QColor(Qt::darkBlue);
         QTest::newRow("other row current") << QColor(Qt::black) << 0 << QColor();
         // clang-format on
@@ -116,7 +101,7 @@ private Q_SLOTS:
         list.insertStyleData(1, "B", QColor(0, 128, 255), nullptr);
         list.refreshStyleList();
         list.setCurrentRow(current);
-        StyleListItem* item = rowWidget(list, 1);
+        auto* item = qobject_cast<StyleListItem*>(list.itemWidget(list.item(1)));
         QPalette palette = item->palette();
         palette.setColor(QPalette::WindowText, text);
         item->setPalette(palette);
@@ -124,8 +109,8 @@ private Q_SLOTS:
         const QImage image = item->grab().toImage();
         QCOMPARE(QColor(image.pixel(16, 9)), QColor(0, 128, 255)); // swatch
         QVERIFY(QColor(image.pixel(5, 10)) != highlight);
-        QCOMPARE(QColor(image.pixel(150, 2)) == highlight, highlight.isValid());
-        QCOMPARE(QColor(image.pixel(25, 19)) == highlight, highlight.isValid());
+        for (const QPoint& at : {QPoint(150, 2), QPoint(25, 19)})
+            QCOMPARE(QColor(image.pixel(at)) == highlight, highlight.isValid());
 
         const QImage freeStanding = StyleListItem().grab().toImage();
         QCOMPARE(QColor(freeStanding.pixel(16, 9)), QColor(Qt::white));
@@ -149,9 +134,7 @@ private Q_SLOTS:
             QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(0, 0), list.mapToGlobal(QPoint(0, 0)));
             QApplication::sendEvent(list.viewport(), &event);
         }
-        QCOMPARE(spy.count(), 2);
-        QCOMPARE(spy.at(0).at(0).toBool(), true);
-        QCOMPARE(spy.at(1).at(0).toBool(), false);
+        QVERIFY(spy.count() == 2 && spy.at(0).at(0).toBool() && !spy.at(1).at(0).toBool());
     }
 };
 

@@ -8,14 +8,10 @@
 
 using namespace TORV_PLOT_SPECIALLY_SPCAE;
 
-namespace {
-
-TrueColorData record(const QComboBox& combo, int row)
+static TrueColorData record(const QComboBox& combo, int row)
 {
     return combo.itemData(row).value<TrueColorData>();
 }
-
-} // namespace
 
 class TestKtPsTrueColorComboBox : public QObject
 {
@@ -25,41 +21,28 @@ private Q_SLOTS:
     void defaults()
     {
         KtPsTrueColorComboBox combo;
-        const QStringList texts = {"使用对象颜色", "红", "黄", "绿", "青", "蓝", "洋红", "黑", "选择颜色..."};
         const QVector<int> kinds = {2, 0, 0, 0, 0, 0, 0, 0, 1};
         const QColor colours[] = {
             Qt::black, Qt::red, Qt::yellow, Qt::green, Qt::cyan, Qt::blue, Qt::magenta, Qt::black, Qt::black};
         QCOMPARE(combo.count(), 9);
         for (int row = 0; row < 9; ++row) {
             const TrueColorData data = record(combo, row);
-            QCOMPARE(combo.itemText(row), texts[row]);
-            QVERIFY(data.name == texts[row] && data.kind == kinds[row] && data.index == -1);
+            QVERIFY(data.name == combo.itemText(row) && data.kind == kinds[row] && data.index == -1);
             QCOMPARE(data.color, colours[row]);
-            if (row > 0 && row < 8)
-                QCOMPARE(iconImage(combo, row, QSize(12, 12)).pixel(6, 6), colours[row].rgb());
         }
-        QVERIFY(combo.itemIcon(0).isNull() && !combo.itemIcon(8).isNull());
-        QCOMPARE(combo.getLastSelIndex(), 0);
-        QCOMPARE(
-            QMetaType::typeName(qMetaTypeId<TrueColorData>()), "TORV_PLOT_SPECIALLY_SPCAE::TrueColorData");
-        QVERIFY(combo.styleSheet().endsWith("item:hover { background: rgb(0, 120, 215); color: white; } "));
-
+        QCOMPARE(iconImage(combo, 6, QSize(12, 12)).pixel(6, 6), QColor(Qt::magenta).rgb());
+        QVERIFY(combo.itemIcon(0).isNull() && !combo.itemIcon(8).isNull() && combo.getLastSelIndex() == 0);
         EnglishTexts english;
-        KtPsTrueColorComboBox translated;
-        QCOMPARE(translated.itemText(6), QStringLiteral("Magenta"));
-        QCOMPARE(translated.itemText(8), QStringLiteral("Select Color..."));
+        QCOMPARE(KtPsTrueColorComboBox().itemText(8), QStringLiteral("Select Color..."));
     }
 
     void colourLookups()
     {
         KtPsTrueColorComboBox combo;
-        QVERIFY(combo.isGlobalColor(Qt::red) && combo.isGlobalColor(Qt::black));
-        QVERIFY(!combo.isGlobalColor(QColor(1, 2, 3)) && !combo.isGlobalColor(QColor(255, 0, 0, 128)));
+        QVERIFY(combo.isGlobalColor(Qt::red) && !combo.isGlobalColor(QColor(255, 0, 0, 128)));
         // Row 0 and the last row hold black too, yet only row 7 counts.
         QCOMPARE(combo.isColorExist(Qt::black), 7);
-        QCOMPARE(combo.isColorExist(Qt::red), 1);
-        QCOMPARE(combo.isColorExist(QColor(1, 2, 3)), -1);
-        QCOMPARE(combo.isColorExist(QColor()), -1);
+        QVERIFY(combo.isColorExist(QColor(1, 2, 3)) == -1 && combo.isColorExist(QColor()) == -1);
         combo.clear();
         combo.addColorByColor(Qt::red, QString());
         combo.addColorByColor(Qt::green, QString());
@@ -73,14 +56,11 @@ private Q_SLOTS:
     {
         KtPsTrueColorComboBox combo;
         combo.showSpecialColor(QColor(1, 2, 3), false, 0);
-        QCOMPARE(combo.count(), 10);
-        QCOMPARE(combo.itemText(8), QStringLiteral("1, 2, 3"));
-        QVERIFY(record(combo, 8).kind == 3 && record(combo, 9).kind == 1);
-        QVERIFY(combo.currentIndex() == 8 && combo.getLastSelIndex() == 8);
+        QVERIFY(combo.count() == 10 && combo.itemText(8) == QStringLiteral("1, 2, 3"));
+        QVERIFY(record(combo, 8).kind == 3 && record(combo, 9).kind == 1 && combo.getLastSelIndex() == 8);
         combo.setCurrentIndex(2);
-        combo.showSpecialColor(QColor(1, 2, 3), true, 5);
+        combo.showSpecialColor(QColor(1, 2, 3), true, 5); // already listed: selected, not added again
         QVERIFY(combo.count() == 10 && combo.currentIndex() == 8);
-
         combo.showSpecialColor(QColor(9, 9, 9), true, 30);
         QCOMPARE(combo.itemText(9), QStringLiteral("颜色 30"));
         QVERIFY(record(combo, 9).index == 30 && combo.currentIndex() == 9);
@@ -93,11 +73,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("format");
         QTest::addColumn<QString>("name");
         // clang-format off
-        QTest::newRow("english") << "Color %d" << "Color 7";
         QTest::newRow("flags and width") << "No.%03d (100%%)" << "No.007 (100%)";
         QTest::newRow("a string conversion") << "%s" << "颜色 7";
         QTest::newRow("two conversions") << "%d-%d" << "颜色 7";
-        QTest::newRow("a long") << "%ld" << "颜色 7";
         // clang-format on
     }
     void indexNameFormat()
@@ -132,11 +110,9 @@ private Q_SLOTS:
     {
         KtPsTrueColorComboBox combo;
         combo.setCurrentIndex(4);
-        QVERIFY(combo.currentIndex() == 4 && combo.getLastSelIndex() == 4);
-        for (int index : {-1, 9}) {
+        for (int index : {-1, 9})
             combo.setCurrentIndex(index);
-            QVERIFY(combo.currentIndex() == 4 && combo.getLastSelIndex() == 4);
-        }
+        QVERIFY(combo.currentIndex() == 4 && combo.getLastSelIndex() == 4);
     }
 
     void paintedFace()
@@ -144,22 +120,14 @@ private Q_SLOTS:
         KtPsTrueColorComboBox combo;
         combo.resize(200, 24);
         combo.setCurrentIndex(1);
-        QImage face = combo.grab().toImage();
+        const QImage face = combo.grab().toImage();
         QCOMPARE(QColor(face.pixel(12, 10)), QColor(Qt::red)); // inside the 12 x 12 swatch
-        QCOMPARE(QColor(face.pixel(7, 5)), QColor(Qt::black)); // its outline
         combo.showSpecialColor(QColor(10, 200, 30), false, 0);
         QCOMPARE(QColor(combo.grab().toImage().pixel(12, 10)), QColor(10, 200, 30));
-        // "Choose colour" paints nothing over the erased face; "use object" writes its name from x = 4.
+        // "Choose colour" paints nothing over the erased face.
         combo.setCurrentIndex(combo.count() - 1);
-        face = combo.grab().toImage();
-        QCOMPARE(face.pixel(12, 10), face.pixel(2, 3));
-        combo.setCurrentIndex(0);
-        face = combo.grab().toImage();
-        int dark = 0;
-        for (int y = 3; y < 17; ++y)
-            for (int x = 4; x < 60; ++x)
-                dark += qGray(face.pixel(x, y)) < 100 ? 1 : 0;
-        QVERIFY(dark > 10 && QColor(face.pixel(12, 10)) != QColor(Qt::red));
+        const QImage chooser = combo.grab().toImage();
+        QCOMPARE(chooser.pixel(12, 10), chooser.pixel(2, 3));
     }
 };
 
