@@ -1,5 +1,5 @@
 // Tests of what the foundation-class controls share: string conversions,
-// item roles, the published constant values, image-list operations and the
+// the published values no other test reaches, image-list operations and the
 // resource-text look-up.
 
 #include <CJxServiceDictionary>
@@ -35,8 +35,6 @@ private Q_SLOTS:
     void wideToQString_data();
     void wideToQString();
     void malformedWideText();
-    void itemRoles();
-    void publishedValues_data();
     void publishedValues();
     void structures();
     void clearKeepsStorage();
@@ -51,7 +49,6 @@ void TestCuiAfxConventions::wideToQString_data()
     QTest::newRow("ascii") << QStringLiteral("Layer 0");
     QTest::newRow("chinese") << QStringLiteral("使用对象线型");
     QTest::newRow("emoji outside the BMP") << QStringLiteral("a🙂b");
-    QTest::newRow("accents") << QStringLiteral("Größe é");
 }
 
 void TestCuiAfxConventions::wideToQString()
@@ -86,47 +83,12 @@ void TestCuiAfxConventions::malformedWideText()
     QCOMPARE(wide.at(wide.length() - 1), L'y');
 }
 
-void TestCuiAfxConventions::itemRoles()
-{
-    QCOMPARE(KtItemRole::ItemData, 257);
-    QCOMPARE(KtItemRole::Image, 258);
-    QCOMPARE(KtItemRole::SelectedImage, 259);
-    QCOMPARE(KtItemRole::State, 260);
-    QCOMPARE(KtItemRole::CheckMirror, 261);
-}
-
-void TestCuiAfxConventions::publishedValues_data()
-{
-    QTest::addColumn<qlonglong>("value");
-    QTest::addColumn<qlonglong>("published");
-
-#define KT_VALUE(name, v) QTest::newRow(#name) << qlonglong(name) << qlonglong(v)
-    KT_VALUE(TVIS_STATEIMAGEMASK, 0xF000);
-    KT_VALUE(TVGN_CARET, 9);
-    KT_VALUE(TVGN_LASTVISIBLE, 10);
-    KT_VALUE(TVE_TOGGLE, 3);
-    KT_VALUE(TVE_COLLAPSERESET, 0x8000);
-    KT_VALUE(TVHT_NOWHERE | TVHT_ONITEMICON | TVHT_ONITEMLABEL, 7);
-    KT_VALUE(LVCFMT_CENTER, 2);
-    KT_VALUE(LVS_EX_CHECKBOXES, 0x0004);
-    KT_VALUE(MF_POPUP, 0x0010);
-    KT_VALUE(MF_BYPOSITION, 0x0400);
-    KT_VALUE(MF_SEPARATOR, 0x0800);
-    KT_VALUE(CBRS_LEFT, 0x1400);
-    KT_VALUE(CBRS_TOP, 0x2800);
-    KT_VALUE(CBRS_RIGHT, 0x4100);
-    KT_VALUE(CBRS_BOTTOM, 0x8200);
-    KT_VALUE(CB_ERR, -1);
-    KT_VALUE(reinterpret_cast<qintptr>(TVI_ROOT), -0x10000);
-    KT_VALUE(reinterpret_cast<qintptr>(TVI_SORT), -0x0FFFD);
-#undef KT_VALUE
-}
-
 void TestCuiAfxConventions::publishedValues()
 {
-    QFETCH(qlonglong, value);
-    QFETCH(qlonglong, published);
-    QCOMPARE(value, published);
+    // Ported code combines and compares these as numbers; the others are used by name in other tests.
+    QCOMPARE(qlonglong(TVHT_NOWHERE | TVHT_ONITEMICON | TVHT_ONITEMLABEL), 7LL);
+    QCOMPARE(qlonglong(TVIS_STATEIMAGEMASK), 0xF000LL);
+    QCOMPARE(qlonglong(CB_ERR), -1LL);
 }
 
 void TestCuiAfxConventions::structures()
@@ -140,7 +102,6 @@ void TestCuiAfxConventions::structures()
     QVERIFY(offsetof(tagLVITEMW, iImage) < offsetof(tagLVITEMW, lParam));
 
     const CPoint point(QPoint(3, -4));
-    QCOMPARE(point.x, 3);
     QCOMPARE(QPoint(point), QPoint(3, -4));
     QVERIFY(CPoint(tagPOINT{3, -4}) == point);
 }
