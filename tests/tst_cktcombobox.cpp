@@ -1,16 +1,12 @@
-// Tests of CKtComboBox, CKtEdit and CKtRichEditCtrl: item operations and their
-// signal blocking, the searches, the edit field, and window texts.
+// Tests of CKtComboBox: item operations and their signal blocking, the
+// searches and the edit field.
 
 #include <CKtComboBox>
-#include <CKtEdit>
-#include <CKtRichEditCtrl>
 #include <KtItemRole>
 #include <ktstringconversion.h>
 
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QtTest>
 
 #include <climits>
@@ -304,75 +300,6 @@ private Q_SLOTS:
         QCOMPARE(QPoint(edit->minimumHeight(), edit->maximumHeight()), QPoint(30, 30));
         QCOMPARE(m_combo->SetItemHeight(-1, UINT_MAX), 0); // clamped, not wrapped negative
         QCOMPARE(edit->maximumHeight(), QWIDGETSIZE_MAX);
-    }
-
-    void edit()
-    {
-        CKtEdit edit(nullptr);
-        QSignalSpy spy(&edit, &QLineEdit::textChanged);
-        edit.SetWindowText(L"Wand 𝄞 ü");
-        QCOMPARE(spy.count(), 1); // not blocked: dialogs validate in textChanged
-        KtString text;
-        edit.GetWindowText(text);
-        QCOMPARE(ktutKtStringToQString(text), QString::fromUtf8("Wand 𝄞 ü"));
-        edit.SetWindowText(nullptr);
-        QCOMPARE(edit.text(), QString());
-    }
-
-    void richEditHeading_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("heading");
-        QTest::addColumn<int>("caret");
-        QTest::addColumn<bool>("pixelFont");
-
-        QTest::newRow("two lines, pixel-sized font") << "Title\nBody"
-                                                     << "Title" << 6 << true;
-        QTest::newRow("one line: caret after it") << "Only"
-                                                  << "Only" << 4 << false;
-        QTest::newRow("null") << QString() << "" << 0 << false;
-    }
-
-    void richEditHeading()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, heading);
-        QFETCH(int, caret);
-        QFETCH(bool, pixelFont);
-
-        CKtRichEditCtrl rich(nullptr);
-        qreal body = rich.font().pointSizeF();
-        if (pixelFont) {
-            QFont font = rich.font();
-            font.setPixelSize(20);
-            rich.setFont(font);
-            body = 20 * 72.0 / rich.logicalDpiY(); // the heading still grows by 6 points
-        }
-        QVERIFY(body > 0);
-        rich.setPlainText("old text that is replaced");
-        std::wstring store;
-        rich.SetWindowText(wide(text, store));
-
-        KtString result;
-        rich.GetWindowText(result);
-        QCOMPARE(ktutKtStringToQString(result), text);
-        QCOMPARE(rich.textCursor().position(), caret);
-        QVERIFY(!rich.textCursor().hasSelection());
-
-        const QTextBlock first = rich.document()->firstBlock();
-        QCOMPARE(first.text(), heading);
-        for (int pos = 1; pos <= heading.size(); ++pos) {
-            QTextCursor at(rich.document());
-            at.setPosition(pos); // the format of the character before the cursor
-            QCOMPARE(at.charFormat().fontWeight(), int(QFont::Bold));
-            QCOMPARE(at.charFormat().fontPointSize(), body + 6);
-        }
-        if (first.next().length() > 1) {
-            QTextCursor at(first.next());
-            at.movePosition(QTextCursor::NextCharacter);
-            QVERIFY(at.charFormat().fontWeight() != QFont::Bold);
-            QVERIFY(at.charFormat().fontPointSize() < body + 6);
-        }
     }
 };
 
