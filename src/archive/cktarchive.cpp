@@ -6,6 +6,11 @@
 #include "cktfile_p.h"
 
 #include <algorithm>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -27,13 +32,13 @@ unsigned int readFile(CKtFile* file, unsigned char* into, unsigned int count)
 
 } // namespace
 
-unsigned int CKtArchiveState::bufferPtr(
+unsigned int CKtArchivePrivate::bufferPtr(
     unsigned int command, unsigned int count, void** start, void** max) const
 {
     return m_bFileLends ? m_pFile->GetBufferPtr(command, count, start, max) : 0;
 }
 
-long long CKtArchiveState::lend(unsigned int command)
+long long CKtArchivePrivate::lend(unsigned int command)
 {
     void* start = nullptr;
     void* max = nullptr;
@@ -52,9 +57,15 @@ long long CKtArchiveState::lend(unsigned int command)
     return length;
 }
 
-CKtArchive::CKtArchive(CKtFile* file, unsigned int mode, int bufferSize, void* buffer)
-    : d(new CKtArchiveState)
+void CKtArchiveStateDeleter::operator()(CKtArchiveState* state) const
 {
+    delete static_cast<CKtArchivePrivate*>(state);
+}
+
+CKtArchive::CKtArchive(CKtFile* file, unsigned int mode, int bufferSize, void* buffer)
+    : d_ptr(new CKtArchivePrivate(this))
+{
+    Q_D(CKtArchive);
     if (file) {
         d->m_strFileName = file->GetFilePath();
         d->m_bFileLends = ktFileOverridesGetBufferPtr(file);
@@ -92,6 +103,7 @@ CKtArchive::CKtArchive(CKtFile* file, unsigned int mode, int bufferSize, void* b
 
 CKtArchive::~CKtArchive()
 {
+    Q_D(CKtArchive);
     if (d->m_pFile && !(d->m_nMode & 2u))
         Close();
     Abort();
@@ -99,16 +111,19 @@ CKtArchive::~CKtArchive()
 
 int CKtArchive::IsLoading() const
 {
+    Q_D(const CKtArchive);
     return d->loading() ? 1 : 0;
 }
 
 int CKtArchive::IsStoring() const
 {
+    Q_D(const CKtArchive);
     return d->loading() ? 0 : 1;
 }
 
 unsigned int CKtArchive::Read(void* buffer, unsigned int count)
 {
+    Q_D(CKtArchive);
     if (!d->m_pFile || !buffer || count == 0 || !d->loading())
         return 0;
     auto* out = static_cast<unsigned char*>(buffer);
@@ -166,6 +181,7 @@ unsigned int CKtArchive::Read(void* buffer, unsigned int count)
 
 void CKtArchive::Write(const void* buffer, unsigned int count)
 {
+    Q_D(CKtArchive);
     if (!d->m_pFile || count == 0 || !buffer || d->loading())
         return;
     const auto* in = static_cast<const unsigned char*>(buffer);
@@ -201,6 +217,7 @@ void CKtArchive::Write(const void* buffer, unsigned int count)
 
 void CKtArchive::Flush()
 {
+    Q_D(CKtArchive);
     if (!d->m_pFile)
         return;
     if (d->loading()) {
@@ -225,6 +242,7 @@ void CKtArchive::Flush()
 
 void CKtArchive::FillBuffer(unsigned int bytesNeeded)
 {
+    Q_D(CKtArchive);
     if (!d->m_pFile || !d->loading())
         return;
     // After an over-read the position stands behind the data: nothing is held then.
@@ -268,6 +286,7 @@ void CKtArchive::FillBuffer(unsigned int bytesNeeded)
 
 void CKtArchive::Close()
 {
+    Q_D(CKtArchive);
     Flush();
     d->m_pFile = nullptr;
     d->forgetLentBuffer();
@@ -275,6 +294,7 @@ void CKtArchive::Close()
 
 void CKtArchive::Abort()
 {
+    Q_D(CKtArchive);
     d->m_pFile = nullptr;
     d->forgetLentBuffer();
     if (d->m_bOwnsBuffer) {
@@ -285,20 +305,14 @@ void CKtArchive::Abort()
     }
 }
 
-void CKtArchiveState::forgetLentBuffer()
+void CKtArchivePrivate::forgetLentBuffer()
 {
     // A lent buffer belongs to the file, which may go away once detached.
     if (m_bDirectBuffer)
         m_lpBufStart = m_lpBufCur = m_lpBufMax = m_lpBufEnd = nullptr;
 }
 
-// Consumes @p consumed bytes and copies @p width bytes from the read position
-// into @p value, filling the buffer first when fewer than @p consumed are left.
-// Past the end of the data the bytes are whatever the buffer holds; past the end
-// of the memory they read as 0 and the position stays at that end. Without any
-// buffer (an aborted archive) @p value is left as it is. Returns false when the
-// consumed bytes were not all data.
-unsigned long long CKtArchiveState::supply() const
+unsigned long long CKtArchivePrivate::supply() const
 {
     unsigned long long bytes = available() > 0 ? static_cast<unsigned long long>(available()) : 0;
     if (m_pFile) {
@@ -310,7 +324,13 @@ unsigned long long CKtArchiveState::supply() const
     return bytes;
 }
 
-bool CKtArchiveState::load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive)
+// Consumes @p consumed bytes and copies @p width bytes from the read position
+// into @p value, filling the buffer first when fewer than @p consumed are left.
+// Past the end of the data the bytes are whatever the buffer holds; past the end
+// of the memory they read as 0 and the position stays at that end. Without any
+// buffer (an aborted archive) @p value is left as it is. Returns false when the
+// consumed bytes were not all data.
+bool CKtArchivePrivate::load(void* value, std::size_t consumed, std::size_t width)
 {
     if (m_lpBufCur && available() >= std::ptrdiff_t(width)) {
         std::memcpy(value, m_lpBufCur, width);
@@ -318,7 +338,7 @@ bool CKtArchiveState::load(void* value, std::size_t consumed, std::size_t width,
         return true;
     }
     if (available() < std::ptrdiff_t(consumed))
-        archive->FillBuffer(unsigned(std::ptrdiff_t(consumed) - available()));
+        q_ptr->FillBuffer(unsigned(std::ptrdiff_t(consumed) - available()));
     if (!m_lpBufCur)
         return false; // no buffer at all: the target keeps its value
     const bool data = available() >= std::ptrdiff_t(consumed);
@@ -331,16 +351,113 @@ bool CKtArchiveState::load(void* value, std::size_t consumed, std::size_t width,
     return data;
 }
 
+void CKtArchivePrivate::store(const void* value, std::size_t size)
+{
+    if (!m_lpBufCur || available() < std::ptrdiff_t(size)) {
+        q_ptr->Flush();
+        if (!m_lpBufCur || m_lpBufEnd - m_lpBufCur < std::ptrdiff_t(size))
+            return; // no room can be had: the value is dropped
+    }
+    std::memcpy(m_lpBufCur, value, size);
+    m_lpBufCur += size;
+}
+
 CKtArchive& CKtArchive::putSlow(const void* value, std::size_t size)
 {
+    Q_D(CKtArchive);
     if (!d->loading())
-        d->store(value, size, this);
+        d->store(value, size);
     return *this;
 }
 
 CKtArchive& CKtArchive::getSlow(void* value, std::size_t consumed, std::size_t width)
 {
+    Q_D(CKtArchive);
     if (d->loading())
-        d->load(value, consumed, width, this);
+        d->load(value, consumed, width);
     return *this;
+}
+
+inline bool CKtArchivePrivate::loadCharacter(wchar_t& ch)
+{
+    // 2 bytes consumed, 4 bytes compared.
+    quint32 raw = 0;
+    const bool data = load(&raw, 2, 4);
+    ch = wchar_t(raw);
+    return data;
+}
+
+CKtArchivePrivate::LinePart CKtArchivePrivate::readLine(wchar_t* buffer, unsigned int stop, bool keepLineEnd)
+{
+    LinePart part;
+    if (!buffer || stop == 0 || !loading())
+        return part;
+    unsigned int& stored = part.stored;
+    while (stored < stop) {
+        // Characters whose 4 compared bytes are all in the buffer are read in
+        // place, in one tight loop: the same 2 bytes consumed and 4 compared as
+        // loadCharacter(), without a call per character.
+        const std::ptrdiff_t inBuffer = m_lpBufCur ? m_lpBufMax - m_lpBufCur : 0;
+        if (inBuffer >= 4) {
+            const unsigned char* cur = m_lpBufCur;
+            const std::size_t n = std::min<std::size_t>(stop - stored, std::size_t(inBuffer - 2) / 2);
+            std::size_t k = 0;
+#if defined(__SSE2__)
+            // Eight characters at a time while none of them can end the line or
+            // be a NUL: character k is the 32 bits of units k and k + 1, and only
+            // values up to 13 (unit k + 1 zero, unit k at most 13) need a look.
+            // Units k + 1 .. k + 8 must be in the buffer: n - 1 >= k + 8.
+            const __m128i zero = _mm_setzero_si128();
+            const __m128i thirteen = _mm_set1_epi16(13);
+            for (; k + 9 <= n; k += 8) {
+                const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k));
+                const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k + 2));
+                const __m128i small = _mm_cmpeq_epi16(_mm_subs_epu16(lo, thirteen), zero);
+                if (_mm_movemask_epi8(_mm_and_si128(small, _mm_cmpeq_epi16(hi, zero))))
+                    break;
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored), _mm_unpacklo_epi16(lo, hi));
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored + 4), _mm_unpackhi_epi16(lo, hi));
+                stored += 8;
+            }
+#endif
+            for (; k < n; ++k) {
+                quint32 raw;
+                std::memcpy(&raw, cur + 2 * k, 4);
+                if (raw <= 13) {
+                    if (raw == 10 || raw == 13)
+                        break;
+                    if (raw == 0 && part.firstNul < 0)
+                        part.firstNul = int(stored);
+                }
+                buffer[stored++] = wchar_t(raw);
+            }
+            m_lpBufCur = const_cast<unsigned char*>(cur) + 2 * k;
+            if (k == n)
+                continue;
+        }
+        wchar_t ch = 0;
+        if (!loadCharacter(ch)) {
+            // The end of the data ends the line: past it there would only be the
+            // stale bytes of the buffer, and never a line feed to stop at.
+            if (stored == 0)
+                return part;
+            break;
+        }
+        if (ch == 10 || ch == 13) {
+            // A carriage return takes the next character with it, taken to be the line feed.
+            if (ch == 13 && !loadCharacter(ch))
+                break;
+            if (keepLineEnd)
+                buffer[stored++] = ch;
+            else if (stored == 0)
+                return part;
+            break;
+        }
+        if (ch == 0 && part.firstNul < 0)
+            part.firstNul = int(stored);
+        buffer[stored++] = ch;
+    }
+    buffer[stored] = 0;
+    part.line = true;
+    return part;
 }

@@ -11,63 +11,40 @@
 #include <memory>
 
 class CKtFile;
-class CKtArchive;
+class CKtArchivePrivate;
 
 /**
- * @brief The state record of a CKtArchive.
+ * @brief The classic fields of a CKtArchive's state record, in their classic order.
  *
- * Only the archive reads and writes it. The classic fields come first and in
- * their classic order; the last ones keep every access inside memory the archive
- * may touch.
+ * Data only. The record as a whole is CKtArchivePrivate (cktarchive_p.h),
+ * which extends this with the archive's own bookkeeping and holds all of its
+ * code; these fields are public so that the archive's inline operators can
+ * move a value through the buffer without a call. Nothing but the archive
+ * reads or writes them.
  */
-class CKtArchiveState
+struct CKtArchiveState
 {
-public:
     CKtArchiveState() = default;
     CKtArchiveState(const CKtArchiveState&) = delete;
     CKtArchiveState& operator=(const CKtArchiveState&) = delete;
 
-private:
-    friend class CKtArchive;
+    int m_bDirectBuffer = 0; ///< the file lends its own buffers
+    int m_bBlocking = 0; ///< 2 when the file's reads block, else 0
+    KtString m_strFileName; ///< the file's path when the archive was made
+    CKtFile* m_pFile = nullptr; ///< the file; null once closed or aborted
+    unsigned int m_nMode = 0; ///< bit 0: loading; bit 1: the destructor does not flush
+    int m_bUserBuf = 0; ///< the buffer is not the archive's to free
+    unsigned int m_nBufSize = 0; ///< buffer size in bytes
+    unsigned char* m_lpBufCur = nullptr; ///< next byte to read or write
+    unsigned char* m_lpBufMax = nullptr; ///< end of the data (loading) or of the room (storing)
+    unsigned char* m_lpBufStart = nullptr; ///< start of the buffer
+};
 
-    int m_bDirectBuffer = 0;
-    int m_bBlocking = 0;
-    KtString m_strFileName;
-    CKtFile* m_pFile = nullptr;
-    unsigned int m_nMode = 0;
-    int m_bUserBuf = 0;
-    unsigned int m_nBufSize = 0;
-    unsigned char* m_lpBufCur = nullptr;
-    unsigned char* m_lpBufMax = nullptr;
-    unsigned char* m_lpBufStart = nullptr;
-
-    /// End of the memory behind m_lpBufStart: the own or caller buffer, or the lent one.
-    unsigned char* m_lpBufEnd = nullptr;
-    /// The file replaces CKtFile::GetBufferPtr, so the protocol may be used.
-    bool m_bFileLends = false;
-    /// The archive allocated m_lpBufStart and frees it.
-    bool m_bOwnsBuffer = false;
-
-    bool loading() const { return m_nMode & 1u; }
-    /// Bytes between the read or write position and m_lpBufMax; negative after an over-read.
-    std::ptrdiff_t available() const { return m_lpBufMax - m_lpBufCur; }
-
-    unsigned int bufferPtr(unsigned int command, unsigned int count, void** start, void** max) const;
-    long long lend(unsigned int command);
-    void forgetLentBuffer();
-    void store(const void* value, std::size_t size, CKtArchive* archive);
-    bool load(void* value, std::size_t consumed, std::size_t width, CKtArchive* archive);
-    bool loadCharacter(wchar_t& ch, CKtArchive* archive);
-    struct LinePart
-    {
-        bool line = false; ///< false: no line (end of the data, or an empty line dropped)
-        unsigned int stored = 0; ///< characters stored, line end included when kept
-        int firstNul = -1; ///< where a NUL character was stored first, or -1
-    };
-    /// One line of up to @p stop characters into @p buffer, terminated.
-    LinePart readLine(wchar_t* buffer, unsigned int stop, bool keepLineEnd, CKtArchive* archive);
-    /// Bytes the buffer and the file can still give; what the file holds counts only when it tells.
-    unsigned long long supply() const;
+/// Frees a state record as the CKtArchivePrivate it is.
+struct KTCMDQTUTILS_EXPORT CKtArchiveStateDeleter
+{
+    /// Deletes @p state, which is always a CKtArchivePrivate.
+    void operator()(CKtArchiveState* state) const;
 };
 
 /**
@@ -193,7 +170,7 @@ private:
     template <typename T>
     CKtArchive& put(T value)
     {
-        CKtArchiveState& s = *d;
+        CKtArchiveState& s = *d_ptr;
         if (Q_LIKELY(!(s.m_nMode & 1u) && s.m_lpBufMax - s.m_lpBufCur >= std::ptrdiff_t(sizeof(T)))) {
             std::memcpy(s.m_lpBufCur, &value, sizeof(T));
             s.m_lpBufCur += sizeof(T);
@@ -204,7 +181,7 @@ private:
     template <typename T>
     CKtArchive& get(T& value, std::size_t consumed = sizeof(T))
     {
-        CKtArchiveState& s = *d;
+        CKtArchiveState& s = *d_ptr;
         if (Q_LIKELY((s.m_nMode & 1u) && s.m_lpBufMax - s.m_lpBufCur >= std::ptrdiff_t(sizeof(T)))) {
             std::memcpy(&value, s.m_lpBufCur, sizeof(T));
             s.m_lpBufCur += consumed;
@@ -215,8 +192,11 @@ private:
     CKtArchive& putSlow(const void* value, std::size_t size);
     CKtArchive& getSlow(void* value, std::size_t consumed, std::size_t width);
 
-    friend class CKtArchiveState;
-    std::unique_ptr<CKtArchiveState> d;
+    CKtArchivePrivate* d_func();
+    const CKtArchivePrivate* d_func() const;
+
+    // The one member: the state record, a CKtArchivePrivate.
+    std::unique_ptr<CKtArchiveState, CKtArchiveStateDeleter> d_ptr;
 };
 
 /**

@@ -9,10 +9,6 @@
 #include <new>
 #include <vector>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 namespace {
 
 // Strings longer than the stack array are read piece by piece, each piece no
@@ -82,6 +78,7 @@ unsigned long long AfxReadStringLength_Q(CKtArchive& ar, int& charSize)
 
 CKtArchive& CKtArchive::operator<<(const KtString& value)
 {
+    Q_D(CKtArchive);
     if (d->loading())
         return *this;
     const unsigned int n = unsigned(value.length());
@@ -98,6 +95,7 @@ CKtArchive& CKtArchive::operator<<(const KtString& value)
 
 CKtArchive& CKtArchive::operator>>(KtString& value)
 {
+    Q_D(CKtArchive);
     if (!d->loading())
         return *this;
     int charSize = 0;
@@ -153,91 +151,17 @@ void CKtArchive::WriteString(const wchar_t* text)
         Write(text, unsigned(std::wcslen(text) * sizeof(wchar_t)));
 }
 
-CKtArchiveState::LinePart CKtArchiveState::readLine(
-    wchar_t* buffer, unsigned int stop, bool keepLineEnd, CKtArchive* archive)
-{
-    LinePart part;
-    if (!buffer || stop == 0 || !loading())
-        return part;
-    unsigned int& stored = part.stored;
-    while (stored < stop) {
-        // Characters whose 4 compared bytes are all in the buffer are read in
-        // place, in one tight loop: the same 2 bytes consumed and 4 compared as
-        // loadCharacter(), without a call per character.
-        const std::ptrdiff_t inBuffer = m_lpBufCur ? m_lpBufMax - m_lpBufCur : 0;
-        if (inBuffer >= 4) {
-            const unsigned char* cur = m_lpBufCur;
-            const std::size_t n = std::min<std::size_t>(stop - stored, std::size_t(inBuffer - 2) / 2);
-            std::size_t k = 0;
-#if defined(__SSE2__)
-            // Eight characters at a time while none of them can end the line or
-            // be a NUL: character k is the 32 bits of units k and k + 1, and only
-            // values up to 13 (unit k + 1 zero, unit k at most 13) need a look.
-            // Units k + 1 .. k + 8 must be in the buffer: n - 1 >= k + 8.
-            const __m128i zero = _mm_setzero_si128();
-            const __m128i thirteen = _mm_set1_epi16(13);
-            for (; k + 9 <= n; k += 8) {
-                const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k));
-                const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cur + 2 * k + 2));
-                const __m128i small = _mm_cmpeq_epi16(_mm_subs_epu16(lo, thirteen), zero);
-                if (_mm_movemask_epi8(_mm_and_si128(small, _mm_cmpeq_epi16(hi, zero))))
-                    break;
-                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored), _mm_unpacklo_epi16(lo, hi));
-                _mm_storeu_si128(reinterpret_cast<__m128i*>(buffer + stored + 4), _mm_unpackhi_epi16(lo, hi));
-                stored += 8;
-            }
-#endif
-            for (; k < n; ++k) {
-                quint32 raw;
-                std::memcpy(&raw, cur + 2 * k, 4);
-                if (raw <= 13) {
-                    if (raw == 10 || raw == 13)
-                        break;
-                    if (raw == 0 && part.firstNul < 0)
-                        part.firstNul = int(stored);
-                }
-                buffer[stored++] = wchar_t(raw);
-            }
-            m_lpBufCur = const_cast<unsigned char*>(cur) + 2 * k;
-            if (k == n)
-                continue;
-        }
-        wchar_t ch = 0;
-        if (!loadCharacter(ch, archive)) {
-            // The end of the data ends the line: past it there would only be the
-            // stale bytes of the buffer, and never a line feed to stop at.
-            if (stored == 0)
-                return part;
-            break;
-        }
-        if (ch == 10 || ch == 13) {
-            // A carriage return takes the next character with it, taken to be the line feed.
-            if (ch == 13 && !loadCharacter(ch, archive))
-                break;
-            if (keepLineEnd)
-                buffer[stored++] = ch;
-            else if (stored == 0)
-                return part;
-            break;
-        }
-        if (ch == 0 && part.firstNul < 0)
-            part.firstNul = int(stored);
-        buffer[stored++] = ch;
-    }
-    buffer[stored] = 0;
-    part.line = true;
-    return part;
-}
-
 wchar_t* CKtArchive::ReadString(wchar_t* buffer, unsigned int max)
 {
+    Q_D(CKtArchive);
     // The sign of max chooses whether the line end is kept.
     const bool keepLineEnd = static_cast<int>(max) < 0;
-    return d->readLine(buffer, keepLineEnd ? 0u - max : max, keepLineEnd, this).line ? buffer : nullptr;
+    return d->readLine(buffer, keepLineEnd ? 0u - max : max, keepLineEnd).line ? buffer : nullptr;
 }
 
 bool CKtArchive::ReadString(KtString& text)
 {
+    Q_D(CKtArchive);
     // Parts of up to 128 characters, line end kept, each appended at the end of
     // the text. The text's buffer grows geometrically and the length is kept
     // here, so a long line costs time in proportion to its length. The text's
@@ -254,7 +178,7 @@ bool CKtArchive::ReadString(KtString& text)
             capacity = std::max(length + int(Part) + 1, capacity * 2);
             chars = text.getBuffer(capacity);
         }
-        const CKtArchiveState::LinePart part = d->readLine(chars + length, Part, true, this);
+        const CKtArchivePrivate::LinePart part = d->readLine(chars + length, Part, true);
         if (!part.line)
             break;
         gotLine = true;

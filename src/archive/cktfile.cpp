@@ -17,6 +17,13 @@ namespace {
 // points at its vtable. The slot of GetBufferPtr in CKtFile's own vtable is
 // recorded by the constructors (the object has CKtFile's vtable while their
 // bodies run); a file whose slot differs has replaced the function.
+//
+// C++ itself offers no way to ask this. A member function pointer compares
+// equal for the base and every override (it names the slot, not the
+// function), typeid tells the class but not whether that class replaced this
+// one function, and asking the function means calling the base implementation,
+// which the archive must never do. So the ABI is read directly, and the
+// static_asserts below stop a build where that reading would not hold.
 static_assert(sizeof(void*) == sizeof(std::uintptr_t), "flat pointers expected");
 
 using BufferPtrFunction = unsigned int (CKtFile::*)(unsigned int, unsigned int, void**, void**);

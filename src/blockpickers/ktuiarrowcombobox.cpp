@@ -1,6 +1,7 @@
 #include "ktuiarrowcombobox.h"
 
 #include "ktresourcetext.h"
+#include "ktsignalblock_p.h"
 #include "ktstringconversion.h"
 #include "ktuiblocktable_p.h"
 
@@ -186,10 +187,9 @@ int KtUiArrowComboBox::SelectString(int, QString blockName)
 
 void KtUiArrowComboBox::addItemWithoutIcon(const QString& blockName)
 {
-    blockSignals(true);
+    const KtBlockThenUnblock blocker(this);
     findItemByArrowBlockName(blockName);
     SelectString(0, blockName);
-    blockSignals(false);
 }
 
 QVariantList KtUiArrowComboBox::getBlockArray()
@@ -273,10 +273,9 @@ void KtUiArrowComboBox::slot_currentArrowIndexChanged(int index)
         ktuiShowModelDialogEx(QStringLiteral(KT_UI_USER_ARROW_DIALOG), kDialogKind, properties, this);
         const QString selected = properties.get(QStringLiteral("selectedBlockName"), QString()).toString();
         if (!selected.isEmpty()) {
-            blockSignals(true);
+            const KtBlockThenUnblock unblockAfter(this);
             findItemByArrowBlockName(selected);
             SelectString(0, selected);
-            blockSignals(false);
         }
     }
     Q_EMIT arrowItemChanged(currentIndex());

@@ -1,6 +1,7 @@
 #include "cktcombobox.h"
 
 #include "ktitemroles.h"
+#include "ktsignalblock_p.h"
 #include "ktstringconversion.h"
 
 #include <KtQtBlockSignalUtil>
@@ -10,26 +11,6 @@
 #include <cmath>
 
 namespace {
-
-// Blocks the combo's signals for a scope and then unblocks them, whatever the
-// state was before: dialog code ported from the classic control expects the
-// combo to talk again after any programmatic change.
-class BlockThenUnblock
-{
-public:
-    explicit BlockThenUnblock(QObject* object)
-        : m_object(object)
-    {
-        m_object->blockSignals(true);
-    }
-    ~BlockThenUnblock() { m_object->blockSignals(false); }
-
-    BlockThenUnblock(const BlockThenUnblock&) = delete;
-    BlockThenUnblock& operator=(const BlockThenUnblock&) = delete;
-
-private:
-    QObject* m_object;
-};
 
 constexpr unsigned long long kNoItemData = static_cast<unsigned long long>(CB_ERR);
 
@@ -72,7 +53,7 @@ void CKtComboBox::SetWindowText(const wchar_t* lpszString)
 {
     const QString text = ktutWideToQString(lpszString);
     {
-        BlockThenUnblock blocker(this);
+        const KtBlockThenUnblock blocker(this);
         setCurrentText(text);
         const int index = findData(text, Qt::DisplayRole, Qt::MatchCaseSensitive);
         if (index >= 0)
@@ -94,7 +75,7 @@ int CKtComboBox::GetCount() const
 int CKtComboBox::AddString(const wchar_t* lpszString)
 {
     const QString text = ktutWideToQString(lpszString);
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     const int n = count();
     const int before = currentIndex();
 
@@ -122,7 +103,7 @@ int CKtComboBox::AddString(const wchar_t* lpszString)
 int CKtComboBox::InsertString(int nIndex, const wchar_t* lpszString)
 {
     const QString text = ktutWideToQString(lpszString);
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     if (nIndex == -1) {
         insertItem(count(), QIcon(), text, QVariant());
         return count() - 1;
@@ -133,7 +114,7 @@ int CKtComboBox::InsertString(int nIndex, const wchar_t* lpszString)
 
 int CKtComboBox::DeleteString(unsigned int nIndex)
 {
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     // Indices beyond INT_MAX become negative here, which removeItem() ignores.
     removeItem(static_cast<int>(nIndex));
     return count();
@@ -146,7 +127,7 @@ void CKtComboBox::Clear()
 
 void CKtComboBox::ResetContent()
 {
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     clear();
 }
 
@@ -159,7 +140,7 @@ void CKtComboBox::GetLBText(int nIndex, KtString& rString)
 int CKtComboBox::SetItemData(int nIndex, unsigned long long dwItemData)
 {
     // Changing the current item's data makes Qt re-announce its text.
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     setItemData(nIndex, qulonglong(dwItemData), KtItemRole::ItemData);
     return nIndex;
 }
@@ -208,7 +189,7 @@ int CKtComboBox::SelectString(int nStartAfter, const wchar_t* lpszString)
         return numeric && std::fabs(std::trunc(itemValue - value)) < 1e-6;
     });
     if (index != CB_ERR) {
-        BlockThenUnblock blocker(this);
+        const KtBlockThenUnblock blocker(this);
         setCurrentIndex(index);
     }
     return index;
@@ -223,7 +204,7 @@ int CKtComboBox::GetCurSel() const
 
 int CKtComboBox::SetCurSel(int nSelect)
 {
-    BlockThenUnblock blocker(this);
+    const KtBlockThenUnblock blocker(this);
     setCurrentIndex(nSelect);
     return nSelect;
 }

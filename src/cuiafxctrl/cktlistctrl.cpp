@@ -1,6 +1,7 @@
 #include "cktlistctrl.h"
 
 #include "ktitemroles.h"
+#include "ktsignalblock_p.h"
 #include "ktstringconversion.h"
 
 #include <QGuiApplication>
@@ -190,11 +191,10 @@ int CKtListCtrl::InsertItem(tagLVITEMW* pItem)
 
 int CKtListCtrl::DeleteItem(int nItem)
 {
-    blockSignals(true);
+    const KtBlockThenUnblock blocker(this);
     // Qt's own range check of removeRow() overflows for rows near INT_MAX.
     if (nItem >= 0 && nItem < rowCount())
         removeRow(nItem);
-    blockSignals(false);
     return 1;
 }
 
@@ -203,9 +203,8 @@ int CKtListCtrl::DeleteAllItems()
     // One removal of all rows leaves the table as removing row 0 until none is
     // left would, without the quadratic cost of moving the remaining rows up
     // each time.
-    blockSignals(true);
+    const KtBlockThenUnblock blocker(this);
     setRowCount(0);
-    blockSignals(false);
     return 1;
 }
 

@@ -1,5 +1,6 @@
 #include "cktmenu.h"
 
+#include "ktorphanaction_p.h"
 #include "ktstringconversion.h"
 
 #include <QList>
@@ -100,15 +101,6 @@ int CKtMenu::positionOf(unsigned int nID)
 {
     QAction* action = registeredAction(nID);
     return action ? actions().indexOf(action) : -1;
-}
-
-QAction* CKtMenu::adoptOrphan(QAction* action)
-{
-    // Items inserted by position are created without a parent, and a widget
-    // does not delete actions it does not own; they go with the menu instead.
-    QPointer<QAction> guard(action);
-    connect(this, &QObject::destroyed, [guard] { delete guard.data(); });
-    return action;
 }
 
 // --- Adding ----------------------------------------------------------------------
@@ -228,7 +220,7 @@ int CKtMenu::InsertMenu(
         insertSeparator(before);
         return 1;
     }
-    QAction* action = adoptOrphan(new QAction(ktutWideToQString(lpszNewItem)));
+    QAction* action = ktDeleteWithOwner(this, new QAction(ktutWideToQString(lpszNewItem)));
     insertAction(before, action);
     registerItem(action, action, nIDNewItem);
     return 1;
@@ -249,7 +241,7 @@ int CKtMenu::InsertMenu(
     QIcon icon;
     icon.addPixmap(pixmap, QIcon::Normal, QIcon::Off);
     icon.addPixmap(pixmap, QIcon::Selected, QIcon::Off);
-    QAction* action = adoptOrphan(new QAction);
+    QAction* action = ktDeleteWithOwner(this, new QAction);
     action->setIcon(icon);
     insertAction(before, action);
     registerItem(action, action, nIDNewItem);

@@ -26,6 +26,8 @@
  * CheckMenuRadioItem() range excludes its last item, DeleteMenu() by position
  * returns 0, and the sub-menu forms of AppendMenu() and InsertMenu() accept
  * only one sub-menu per menu.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtMenu : public QMenu
 {
@@ -119,6 +121,7 @@ public:
 
     /// @name Queries
     /// @{
+
     /// Index in actions() (separators count) of the action registered under @p nID, or -1.
     int GetMenuItemPos(unsigned long nID);
     /// Copies the text of the action registered under @p nIDItem; returns its length, 0 when there is none.
@@ -132,6 +135,7 @@ public:
 
     /// @name Check marks and enabling
     /// @{
+
     /// Checks (MF_CHECKED) or unchecks the item; returns its previous checked state as 1 or 0.
     int CheckMenuItem(unsigned int nIDCheckItem, unsigned int nCheck);
     /**
@@ -172,7 +176,6 @@ private:
     int positionOf(unsigned int nID);
     int attachSubMenu(CKtMenu* pSubMenu, const KtString& strTitle, unsigned long nID, unsigned long nBeforeID,
         bool insert, const QIcon& icon);
-    QAction* adoptOrphan(QAction* action);
 
     // Values are guarded: a deleted action or menu reads back as null, not as a dangling pointer.
     std::unique_ptr<std::unordered_map<unsigned int, QPointer<QObject>>> m_pCommandMap;

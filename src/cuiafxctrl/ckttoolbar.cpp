@@ -1,9 +1,11 @@
 #include "ckttoolbar.h"
 
+#include "ktorphanaction_p.h"
+#include "ktstringconversion.h"
+
 #include <QBitmap>
 #include <QColor>
 #include <QPixmap>
-#include <QPointer>
 #include <QRect>
 
 #include <algorithm>
@@ -27,20 +29,6 @@ void maskLightGrey(QPixmap& pixmap)
 {
     if (!pixmap.isNull())
         pixmap.setMask(pixmap.createMaskFromColor(kTransparentColor, Qt::MaskInColor));
-}
-
-QString fromWide(const wchar_t* str)
-{
-    // fromUcs4() with a length of -1 scans for the terminator, so a null pointer must stay out.
-    return str ? QString::fromUcs4(reinterpret_cast<const uint*>(str), -1) : QString();
-}
-
-// Buttons created without a parent are not deleted by the toolbar that shows
-// them; they go when the toolbar goes, unless something deleted them before.
-void deleteWith(QObject* owner, QAction* orphan)
-{
-    QPointer<QAction> guard(orphan);
-    QObject::connect(owner, &QObject::destroyed, [guard] { delete guard.data(); });
 }
 
 } // namespace
@@ -130,7 +118,7 @@ int CKtToolBar::AddButton(const QIcon& icon, QAction* pAction)
         return 1;
     }
     auto* button = new QAction(icon, QString(), nullptr);
-    deleteWith(this, button);
+    ktDeleteWithOwner(this, button);
     addAction(button);
     return 0;
 }
@@ -142,7 +130,7 @@ int CKtToolBar::AddButton(QString strImagePath, QAction* pAction)
 
 int CKtToolBar::AddButton(const wchar_t* lpszImagePath, QAction* pAction)
 {
-    return AddButton(fromWide(lpszImagePath), pAction);
+    return AddButton(ktutUcs4ToQString(lpszImagePath), pAction);
 }
 
 QIcon CKtToolBar::LoadIcon(QString strPath)
@@ -184,7 +172,7 @@ int CKtToolBar::LoadToolBar(QList<QString> imagePaths)
             continue;
         auto* button = new QAction(nullptr);
         button->setIcon(icon);
-        deleteWith(this, button);
+        ktDeleteWithOwner(this, button);
         collected.append(button);
     }
     LoadToolBar(collected, 1);
@@ -196,7 +184,7 @@ int CKtToolBar::LoadBitmap(const wchar_t* lpszBitmapPath)
     const QList<QAction*> buttons = GetListActions();
     if (buttons.isEmpty())
         return 0;
-    const QPixmap strip(fromWide(lpszBitmapPath));
+    const QPixmap strip(ktutUcs4ToQString(lpszBitmapPath));
     const int iconWidth = iconSize().width();
     if (iconWidth <= 0)
         return 0;
@@ -280,7 +268,7 @@ int CKtToolBar::SetButtonText(int nIndex, const wchar_t* lpszText)
     const QList<QAction*> buttons = GetListActions();
     if (nIndex < 0 || nIndex >= buttons.size())
         return 0;
-    buttons.at(nIndex)->setIconText(fromWide(lpszText));
+    buttons.at(nIndex)->setIconText(ktutUcs4ToQString(lpszText));
     return 1;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ktitemroles.h"
 #include "ktpointerset_p.h"
+#include "ktsignalblock_p.h"
 #include "ktstringconversion.h"
 
 #include <KtQtBlockSignalUtil>
@@ -565,9 +566,8 @@ int CKtTreeCtrl::EditLabel(QTreeWidgetItem* hItem)
     if (!hItem)
         return 0;
     if (!(hItem->flags() & Qt::ItemIsEditable)) {
-        blockSignals(true);
+        const KtBlockThenUnblock blocker(this);
         hItem->setFlags(hItem->flags() | Qt::ItemIsEditable);
-        blockSignals(false);
     }
     editItem(hItem, 0);
     return 1;
@@ -661,13 +661,12 @@ int CKtTreeCtrl::GetCheck(QTreeWidgetItem* hItem) const
 int CKtTreeCtrl::DeleteItem(QTreeWidgetItem* hItem)
 {
     hItem = live(hItem);
-    blockSignals(true);
+    const KtBlockThenUnblock blocker(this);
     if (hItem) {
         setItemWidget(hItem, 0, nullptr);
         SetItemState(hItem, 0, TVIS_SELECTED);
         delete hItem;
     }
-    blockSignals(false);
     return 1;
 }
 

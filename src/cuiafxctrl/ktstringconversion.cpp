@@ -47,6 +47,13 @@ QString ktutWideToQString(const wchar_t* str)
     return ktutKtStringToQString(KtString(str));
 }
 
+QString ktutUcs4ToQString(const wchar_t* str)
+{
+    static_assert(sizeof(wchar_t) == sizeof(uint), "wide strings are UTF-32");
+    // fromUcs4() with a length of -1 scans for the terminator, so a null pointer must stay out.
+    return str ? QString::fromUcs4(reinterpret_cast<const uint*>(str), -1) : QString();
+}
+
 QString ktutKtStringToQString(const KtString& str)
 {
     const char* p = str.utf8Ptr();

@@ -28,5 +28,12 @@ KTCMDQTUTILS_EXPORT QString ktutWideToQString(const wchar_t* str);
  */
 KTCMDQTUTILS_EXPORT bool ktutIsWellFormedWide(const wchar_t* str);
 
+/**
+ * Wide string to QString taken as raw UTF-32 (QString::fromUcs4), without the
+ * round trip through KtString; a null pointer gives a null string. The
+ * toolbar reads its image paths and button texts this way.
+ */
+KTCMDQTUTILS_EXPORT QString ktutUcs4ToQString(const wchar_t* str);
+
 /// KtString to QString: its utf8Ptr() up to the first NUL, through QString::fromUtf8.
 KTCMDQTUTILS_EXPORT QString ktutKtStringToQString(const KtString& str);

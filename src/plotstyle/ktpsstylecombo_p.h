@@ -5,6 +5,7 @@
 // combo selects by value the same way.
 
 #include "ktresourcetext.h"
+#include "ktsignalblock_p.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -67,9 +68,8 @@ int recordValue(const QComboBox* combo, int row)
 /// Makes @p row current with the combo's signals blocked, then unblocked.
 inline void selectRowSilently(QComboBox* combo, int row)
 {
-    combo->blockSignals(true);
+    const KtBlockThenUnblock blocker(combo);
     combo->setCurrentIndex(row);
-    combo->blockSignals(false);
 }
 
 /**

@@ -1,5 +1,6 @@
 #include "ktpsstylelist.h"
 
+#include "ktsignalblock_p.h"
 #include "stylelistitem.h"
 
 #include <QContextMenuEvent>
@@ -64,12 +65,11 @@ QVector<PlotStyleList> KtPsStyleList::getStyleDataList()
 
 void KtPsStyleList::refreshStyleList()
 {
-    blockSignals(true);
+    const KtBlockThenUnblock blocker(this);
     while (count() >= 1)
         delete takeItem(0);
     for (int i = 0; i < styles.size(); ++i)
         insertNewItem(i, styles.at(i).color, styles.at(i).name);
-    blockSignals(false);
 }
 
 void KtPsStyleList::insertNewItem(int index, QColor color, QString name)
