@@ -1,6 +1,8 @@
 // Tests of CKtTreeCtrl: insertion, item values, state bits, navigation,
 // expansion, check boxes and deletion through the foundation-class API.
 
+#include "imagelistchecks.h"
+
 #include <CKtTreeCtrl>
 #include <KtItemRole>
 
@@ -19,18 +21,6 @@ using HandleMaker = std::function<QTreeWidgetItem*(CKtTreeCtrl&)>;
 Q_DECLARE_METATYPE(HandleMaker)
 
 namespace {
-
-QPixmap solid(const QColor& color)
-{
-    QPixmap pixmap(16, 16);
-    pixmap.fill(color);
-    return pixmap;
-}
-
-QColor iconColor(const QIcon& icon, QIcon::Mode mode)
-{
-    return icon.pixmap(16, 16, mode, QIcon::Off).toImage().pixelColor(8, 8);
-}
 
 QStringList texts(const QTreeWidgetItem* parent)
 {
@@ -61,650 +51,597 @@ private Q_SLOTS:
     void init() { m_tree = std::make_unique<CKtTreeCtrl>(nullptr); }
     void cleanup() { m_tree.reset(); }
 
-    void imageList();
-    void insertPlacement_data();
-    void insertPlacement();
-    void insertImages_data();
-    void insertImages();
-    void insertStructureTextAndCheckBoxes();
-    void setItemState_data();
-    void setItemState();
-    void stateImageMask();
-    void siblingCheckSummary_data();
-    void siblingCheckSummary();
-    void navigation();
-    void getNextItem();
-    void countsAndGeometry();
-    void selectionAndEditing();
-    void expand_data();
-    void expand();
-    void expandAllChild();
-    void expandAllAndCollapseAll();
-    void walksSurviveSlotsEditingTheTree();
-    void checksAndDeletion();
-    void dragImage();
-    void deadHandles_data();
-    void deadHandles();
+    void imageList()
+    {
+        checkImageList(*m_tree, [this](int image) {
+            QTreeWidgetItem* item = m_tree->InsertItem(L"x", image, image, nullptr, nullptr);
+            return IconOf([item] { return item->icon(0); });
+        });
+    }
+
+    void insertPlacement_data()
+    {
+        // A parent "P" with children c0, c1, c2, and top-level items P and T.
+        QTest::addColumn<QString>("parent");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<QStringList>("topLevel");
+        QTest::addColumn<QStringList>("children");
+
+        const QStringList top{"P", "T"}, kids{"c0", "c1", "c2"}, last{"c0", "c1", "c2", "new"};
+        // clang-format off
+        QTest::newRow("root ignores after") << "" << "c0" << QStringList{"P", "T", "new"} << kids;
+        QTest::newRow("after first child") << "P" << "c0" << top << QStringList{"c0", "new", "c1", "c2"};
+        QTest::newRow("no after") << "P" << "" << top << last;
+        QTest::newRow("after a non-child") << "P" << "T" << top << last;
+        QTest::newRow("TVI_SORT appends") << "P" << "TVI_SORT" << top << last;
+        // clang-format on
+    }
+
+    void insertPlacement()
+    {
+        QFETCH(QString, parent);
+        QFETCH(QString, after);
+        QFETCH(QStringList, topLevel);
+        QFETCH(QStringList, children);
+
+        QHash<QString, QTreeWidgetItem*> handles{{"", nullptr}, {"TVI_SORT", TVI_SORT}};
+        handles["P"] = m_tree->InsertItem(L"P");
+        handles["T"] = m_tree->InsertItem(L"T");
+        QTreeWidgetItem* previous = nullptr;
+        for (const wchar_t* name : {L"c0", L"c1", L"c2"})
+            handles[QString::fromWCharArray(name)] = previous
+                = m_tree->InsertItem(name, 0, 0, handles["P"], previous);
+
+        QVERIFY(m_tree->InsertItem(L"new", 0, 0, handles[parent], handles[after]));
+        QCOMPARE(texts(m_tree->invisibleRootItem()), topLevel);
+        QCOMPARE(texts(handles["P"]), children);
+    }
+
+    void insertImages_data()
+    {
+        QTest::addColumn<int>("image");
+        QTest::addColumn<int>("selectedImage");
+        QTest::addColumn<bool>("hasIcon");
+
+        QTest::newRow("0/1") << 0 << 1 << true;
+        QTest::newRow("image out of range") << 2 << 0 << false;
+        QTest::newRow("selected out of range") << 0 << 2 << false;
+        QTest::newRow("negative image") << -1 << 0 << false;
+        QTest::newRow("negative selected") << 1 << -5 << false;
+    }
+
+    void insertImages()
+    {
+        QFETCH(int, image);
+        QFETCH(int, selectedImage);
+        QFETCH(bool, hasIcon);
+
+        const QColor colors[] = {Qt::red, Qt::blue};
+        m_tree->SetImageList(CKtImageList{solid(colors[0]), solid(colors[1])}, 0);
+
+        QTreeWidgetItem* item = m_tree->InsertItem(L"x", image, selectedImage, nullptr, nullptr);
+        QCOMPARE(!item->icon(0).isNull(), hasIcon);
+        if (hasIcon) {
+            QCOMPARE(iconColor(item->icon(0), QIcon::Normal), colors[image]);
+            QCOMPARE(iconColor(item->icon(0), QIcon::Selected), colors[selectedImage]);
+        }
+        // The indices are stored even when no icon could be made.
+        int gotImage = 0, gotSelected = 0;
+        QCOMPARE(m_tree->GetItemImage(item, gotImage, gotSelected), 1);
+        QCOMPARE(gotImage, image);
+        QCOMPARE(gotSelected, selectedImage);
+
+        // SetItemImage takes the same indices or refuses them, leaving the item as it was.
+        QTreeWidgetItem* other = m_tree->InsertItem(L"y", 5, 6, nullptr, nullptr);
+        QCOMPARE(m_tree->SetItemImage(other, image, selectedImage), int(hasIcon));
+        m_tree->GetItemImage(other, gotImage, gotSelected);
+        QCOMPARE(gotImage, hasIcon ? image : 5);
+        QCOMPARE(gotSelected, hasIcon ? selectedImage : 6);
+        QCOMPARE(other->icon(0).isNull(), !hasIcon);
+    }
+
+    void insertStructureTextAndCheckBoxes()
+    {
+        m_tree->SetImageList(CKtImageList{solid(Qt::red), solid(Qt::blue)}, 0);
+        QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
+        QTreeWidgetItem* first = m_tree->InsertItem(L"first", parent);
+        m_tree->InsertItem(L"last", parent);
+
+        wchar_t label[] = L"从结构插入 🙂";
+        tagTVINSERTSTRUCT insert{};
+        insert.hParent = parent;
+        insert.hInsertAfter = first;
+        insert.item
+            = {TVIF_TEXT | TVIF_PARAM | TVIF_STATE, nullptr, TVIS_BOLD, TVIS_BOLD, label, 0, 1, 0, 0, 77};
+        QTreeWidgetItem* item = m_tree->InsertItem(&insert);
+        QCOMPARE(parent->indexOfChild(item), 1);
+        QCOMPARE(m_tree->GetItemText(item), KtString(label));
+        QCOMPARE(iconColor(item->icon(0), QIcon::Normal), QColor(Qt::blue));
+        QCOMPARE(m_tree->GetItemData(item), 0ull); // mask, state and lParam are not read
+        QCOMPARE(m_tree->GetItemState(item, 0xFFFFFFFF), 0u);
+        auto* foreign = new QTreeWidgetItem(m_tree.get(), QStringList{"plain"}); // absent roles read as 0
+        int image = 9, selected = 9;
+        QCOMPARE(m_tree->GetItemImage(foreign, image, selected), 1);
+        QCOMPARE(QPoint(image, selected), QPoint(0, 0));
+        QCOMPARE(m_tree->InsertItem(static_cast<tagTVINSERTSTRUCT*>(nullptr)), nullptr);
+        QCOMPARE(m_tree->SetItemText(item, nullptr), 1);
+        QCOMPARE(item->text(0), QString());
+        QCOMPARE(m_tree->SetItemData(item, ~0ull), 1);
+        QCOMPARE(m_tree->GetItemData(item), ~0ull);
+        QCOMPARE(item->data(0, KtItemRole::ItemData).userType(), int(QMetaType::ULongLong));
+
+        // Check boxes and their flags reach only items inserted while the mode is on; items
+        // share nothing a later change to one of them could reach.
+        m_tree->SetCheckBoxes(5);
+        QTreeWidgetItem* boxed = m_tree->InsertItem(L"boxed");
+        QCOMPARE(boxed->checkState(0), Qt::Unchecked);
+        QVERIFY(boxed->flags() & Qt::ItemIsUserCheckable);
+        m_tree->SetCheckBoxes(1, Qt::ItemIsAutoTristate | Qt::ItemIsEditable);
+        QTreeWidgetItem* tristate = m_tree->InsertItem(L"tristate");
+        m_tree->SetCheckBoxes(0, Qt::ItemIsAutoTristate);
+        QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
+        const Qt::ItemFlags extra = Qt::ItemIsAutoTristate | Qt::ItemIsEditable;
+        QCOMPARE(tristate->flags() & extra, extra);
+        QCOMPARE(plain->flags() & extra, Qt::ItemFlags());
+        QVERIFY(!plain->data(0, Qt::CheckStateRole).isValid());
+        QVERIFY(!first->data(0, Qt::CheckStateRole).isValid());
+    }
+
+    void setItemState_data()
+    {
+        QTest::addColumn<uint>("initial");
+        QTest::addColumn<uint>("state");
+        QTest::addColumn<uint>("mask");
+        QTest::addColumn<uint>("expected");
+
+        QTest::newRow("clear selected") << 0x22u << 0u << 0x2u << 0x20u;
+        QTest::newRow("two-bit mask, one set") << 0x20u << 0u << 0x22u << 0x20u;
+        QTest::newRow("two-bit mask, both set") << 0x22u << 0u << 0x22u << 0u;
+        QTest::newRow("partial mask still ORs") << 0x02u << 0x40u << 0x22u << 0x42u;
+        QTest::newRow("replace all") << 0x22u << 0x10u << 0xFFFFFFFFu << 0x10u;
+        QTest::newRow("private collapse") << 0x22u << 0x40u << 1u << 0x02u;
+    }
+
+    void setItemState()
+    {
+        QFETCH(uint, initial);
+        QFETCH(uint, state);
+        QFETCH(uint, mask);
+        QFETCH(uint, expected);
+
+        QTreeWidgetItem* item = m_tree->InsertItem(L"x");
+        item->setData(0, KtItemRole::State, initial);
+        QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
+        QCOMPARE(m_tree->SetItemState(item, state, mask), 1);
+        QCOMPARE(changed.count(), 0); // bookkeeping emits nothing
+        QVERIFY(!m_tree->signalsBlocked());
+        QCOMPARE(stored(item), expected);
+        // Any mask but the state-image mask reads back the whole, unmasked value.
+        QCOMPARE(m_tree->GetItemState(item, TVIS_SELECTED), expected);
+
+        // With signals already blocked the write is direct and they stay blocked.
+        m_tree->blockSignals(true);
+        m_tree->SetItemState(item, initial, 0xFFFFFFFF);
+        QVERIFY(m_tree->signalsBlocked());
+        m_tree->blockSignals(false);
+        QCOMPARE(stored(item), initial);
+    }
+
+    void stateImageMask()
+    {
+        QTreeWidgetItem* item = m_tree->InsertItem(L"x");
+        item->setData(0, KtItemRole::State, 0x20u);
+        // Image 2 is a partial check, 3 a check; 0, 1 and 4 are unchecked.
+        const std::pair<uint, int> cases[] = {{0x0000u, Qt::Unchecked}, {0x4000u, Qt::Unchecked},
+            {0x2000u, Qt::PartiallyChecked}, {0x3022u, Qt::Checked}};
+        for (auto [state, check] : cases) {
+            QCOMPARE(m_tree->SetItemState(item, state, TVIS_STATEIMAGEMASK), 1);
+            QCOMPARE(item->data(0, Qt::CheckStateRole).toInt(), check);
+            QCOMPARE(item->data(0, KtItemRole::CheckMirror).toInt(), check);
+            QCOMPARE(stored(item), 0x20u); // the stored bits are not touched
+            QCOMPARE(m_tree->GetCheck(item), int(check == Qt::Checked));
+        }
+    }
+
+    void siblingCheckSummary_data()
+    {
+        QTest::addColumn<QList<int>>("mirrors"); // recorded check of each child
+        QTest::addColumn<uint>("expected");
+
+        QTest::newRow("all unchecked") << QList<int>{0, 0, 0} << 0x1000u;
+        QTest::newRow("all checked") << QList<int>{2, 2} << 0x3000u;
+        QTest::newRow("partial counts as unchecked") << QList<int>{1, 1, 1} << 0x1000u;
+        QTest::newRow("only a sibling checked") << QList<int>{0, 2} << 0x2000u;
+    }
+
+    void siblingCheckSummary()
+    {
+        QFETCH(QList<int>, mirrors);
+        QFETCH(uint, expected);
+
+        QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
+        QList<QTreeWidgetItem*> children;
+        for (int mirror : mirrors) {
+            children << m_tree->InsertItem(L"child", parent);
+            m_tree->SetItemState(children.last(), uint(mirror + 1) << 12, TVIS_STATEIMAGEMASK);
+            children.last()->setData(0, Qt::CheckStateRole, Qt::Checked); // visible state does not count
+        }
+        m_tree->SetCheck(m_tree->InsertItem(L"grandchild", children.first()), 1); // nor do own children
+
+        QCOMPARE(m_tree->GetItemState(children.first(), TVIS_STATEIMAGEMASK), expected);
+        QCOMPARE(m_tree->GetItemState(children.last(), TVIS_STATEIMAGEMASK), expected);
+
+        // A top-level item reads its own visible check box.
+        m_tree->SetCheck(parent, 0);
+        QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x1000u);
+        parent->setCheckState(0, Qt::Checked); // as a user click would
+        QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x3000u);
+        QCOMPARE(m_tree->GetCheck(parent), 0); // the recorded check is unchanged
+        parent->setCheckState(0, Qt::PartiallyChecked);
+        QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x1000u);
+    }
+
+    void navigation()
+    {
+        QWidget dialog;
+        CKtTreeCtrl empty(&dialog);
+        QCOMPARE(empty.parentWidget(), nullptr); // the parent argument is not passed on
+        QVERIFY(empty.header()->isHidden());
+        QCOMPARE(empty.GetRootItem(), empty.invisibleRootItem());
+        QCOMPARE(empty.GetChildItem(nullptr), nullptr);
+        QCOMPARE(empty.GetFirstVisibleItem(), nullptr);
+
+        QTreeWidgetItem* a = m_tree->InsertItem(L"a");
+        QTreeWidgetItem* b = m_tree->InsertItem(L"b");
+        QList<QTreeWidgetItem*> kids;
+        for (int i = 0; i < 20; ++i)
+            kids << m_tree->InsertItem(L"kid", a);
+        QCOMPARE(m_tree->GetRootItem(), a);
+        QCOMPARE(m_tree->GetChildItem(nullptr), a);
+        QCOMPARE(m_tree->GetParentItem(a), nullptr);
+        QCOMPARE(m_tree->GetPrevSiblingItem(kids[0]), nullptr);
+        QCOMPARE(QPoint(m_tree->ItemHasChildren(a), m_tree->ItemHasChildren(b)), QPoint(1, 0));
+
+        // Sibling look-ups stay right while items come and go between them.
+        QCOMPARE(m_tree->GetNextSiblingItem(kids[10]), kids[11]);
+        m_tree->DeleteItem(kids[11]);
+        QCOMPARE(m_tree->GetNextSiblingItem(kids[10]), kids[12]);
+        QTreeWidgetItem* inserted = m_tree->InsertItem(L"inserted", 0, 0, a, kids[5]);
+        QCOMPARE(m_tree->GetNextSiblingItem(kids[5]), inserted);
+        QCOMPARE(m_tree->GetPrevSiblingItem(kids[6]), inserted);
+        QCOMPARE(m_tree->GetNextSiblingItem(kids[19]), nullptr);
+
+        // GetNextItem tests bit 0 of the code only: odd codes give the next sibling, even ones
+        // nothing. The caret is elsewhere, yet TVGN_CARET walks to the sibling too.
+        m_tree->SelectItem(a);
+        for (uint code :
+            {TVGN_ROOT, TVGN_NEXT, TVGN_PARENT, TVGN_CHILD, TVGN_CARET, TVGN_LASTVISIBLE, 0x101u}) {
+            QCOMPARE(m_tree->GetNextItem(kids[0], code), code & 1 ? kids[1] : nullptr);
+            QCOMPARE(m_tree->GetNextItem(kids[19], code), nullptr);
+        }
+    }
+
+    void countsAndGeometry()
+    {
+        QTreeWidgetItem* a = m_tree->InsertItem(L"a");
+        QTreeWidgetItem* a1 = m_tree->InsertItem(L"a1", a);
+        m_tree->InsertItem(L"a1x", a1);
+        m_tree->InsertItem(L"a2", a);
+        QTreeWidgetItem* b = m_tree->InsertItem(L"b");
+        QTreeWidgetItem* hidden = m_tree->InsertItem(L"hidden", b);
+        m_tree->InsertItem(L"under hidden", hidden);
+        QCOMPARE(m_tree->GetCount(), 7u); // collapsed branches included
+
+        m_tree->resize(200, 60); // most rows fall outside the viewport
+        m_tree->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
+        QCOMPARE(m_tree->GetVisibleCount(), 2u);
+
+        tagRECT rect{-1, -1, -1, -1};
+        QCOMPARE(m_tree->GetItemRect(a1, &rect, 0), 1); // collapsed: Qt's empty rectangle
+        QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
+        const QRect expected = m_tree->visualItemRect(b);
+        for (int textOnly : {0, 1}) {
+            QCOMPARE(m_tree->GetItemRect(b, &rect, textOnly), 1);
+            QCOMPARE(asRect(rect), QRect(expected.topLeft(), expected.bottomRight() + QPoint(1, 1)));
+        }
+        QCOMPARE(m_tree->GetItemRect(b, nullptr, 0), 0);
+
+        unsigned int flags = 0;
+        QCOMPARE(m_tree->HitTest(expected.center(), &flags), b);
+        QCOMPARE(flags, 7u);
+        QCOMPARE(m_tree->HitTest(QPoint(5, 55), &flags), nullptr); // empty space
+        QCOMPARE(m_tree->GetFirstVisibleItem(), a);
+
+        m_tree->expandAll();
+        QCOMPARE(m_tree->GetVisibleCount(), 7u); // scrolled out of view still counts
+        hidden->setHidden(true);
+        QCOMPARE(m_tree->GetVisibleCount(), 5u);
+        QCOMPARE(m_tree->EnsureVisible(b), 1); // scrolls b into the viewport
+        QVERIFY(m_tree->viewport()->rect().contains(m_tree->visualItemRect(b)));
+        QVERIFY(m_tree->GetFirstVisibleItem() != a);
+
+        // A view rooted at a collapsed item lays out that item's children.
+        a1->setExpanded(false);
+        m_tree->setRootIndex(m_tree->model()->index(0, 0));
+        QCOMPARE(m_tree->GetVisibleCount(), 2u);
+        a1->setExpanded(true);
+        QCOMPARE(m_tree->GetVisibleCount(), 3u);
+    }
+
+    void selectionAndEditing()
+    {
+        m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        QTreeWidgetItem* a = m_tree->InsertItem(L"a");
+        QTreeWidgetItem* b = m_tree->InsertItem(L"b");
+        QTreeWidgetItem* c = m_tree->InsertItem(L"c");
+        a->setSelected(true);
+        a->setData(0, KtItemRole::State, TVIS_SELECTED | TVIS_EXPANDED);
+        b->setData(0, KtItemRole::State, TVIS_SELECTED); // not selected in Qt: keeps its bit
+
+        QCOMPARE(m_tree->SelectItem(c), 1);
+        QCOMPARE(stored(a), TVIS_EXPANDED);
+        QCOMPARE(stored(b), TVIS_SELECTED);
+        QCOMPARE(stored(c), TVIS_SELECTED);
+
+        QCOMPARE(m_tree->Select(a, TVGN_DROPHILITE), 0);
+        QCOMPARE(m_tree->GetSelectedItem(), c);
+        QCOMPARE(m_tree->Select(a, TVGN_CARET), 1);
+        QCOMPARE(m_tree->GetSelectedItem(), a);
+        QCOMPARE(stored(c), 0u);
+        QCOMPARE(m_tree->SelectItem(nullptr), 1);
+        QCOMPARE(m_tree->GetSelectedItem(), nullptr);
+
+        b->setFlags(b->flags() & ~(Qt::ItemIsDropEnabled | Qt::ItemIsEditable));
+        QCOMPARE(m_tree->SelectDropTarget(b), 1);
+        QVERIFY(b->flags() & Qt::ItemIsDropEnabled);
+
+        m_tree->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
+        QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
+        m_tree->blockSignals(true); // unblocked afterwards, not restored
+        QCOMPARE(m_tree->EditLabel(b), 1);
+        QVERIFY(!m_tree->signalsBlocked());
+        QVERIFY(b->flags() & Qt::ItemIsEditable);
+        QCOMPARE(changed.count(), 0);
+        QTRY_VERIFY(m_tree->viewport()->findChild<QLineEdit*>());
+    }
+
+    void expand_data()
+    {
+        QTest::addColumn<uint>("code");
+        QTest::addColumn<bool>("startExpanded");
+        QTest::addColumn<bool>("expanded");
+
+        QTest::newRow("TVE_COLLAPSE") << TVE_COLLAPSE << true << false;
+        QTest::newRow("TVE_TOGGLE on expanded") << TVE_TOGGLE << true << true;
+        QTest::newRow("TVE_COLLAPSERESET alone expands") << TVE_COLLAPSERESET << true << true;
+        QTest::newRow("collapse with reset") << (TVE_COLLAPSE | TVE_COLLAPSERESET) << true << false;
+    }
+
+    void expand()
+    {
+        QFETCH(uint, code);
+        QFETCH(bool, startExpanded);
+        QFETCH(bool, expanded);
+
+        QTreeWidgetItem* item = m_tree->InsertItem(L"parent");
+        m_tree->InsertItem(L"child", item);
+        item->setExpanded(startExpanded);
+        item->setData(0, KtItemRole::State, (startExpanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
+
+        QCOMPARE(m_tree->Expand(item, code), 1);
+        QCOMPARE(item->isExpanded(), expanded);
+        QCOMPARE(stored(item), (expanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
+    }
+
+    void expandAllChild()
+    {
+        QTreeWidgetItem* leaf = m_tree->InsertItem(L"leaf");
+        QCOMPARE(m_tree->ExpandAllChild(leaf, TVE_EXPAND), 1); // a leaf is left untouched
+        QVERIFY(!leaf->data(0, KtItemRole::State).isValid());
+        QCOMPARE(m_tree->Expand(leaf, TVE_EXPAND), 1); // while Expand records it
+        QCOMPARE(stored(leaf), TVIS_EXPANDED);
+
+        QTreeWidgetItem* root = m_tree->InsertItem(L"root");
+        QTreeWidgetItem* branch = m_tree->InsertItem(L"branch", root);
+        QTreeWidgetItem* twig = m_tree->InsertItem(L"twig", branch);
+        QTreeWidgetItem* end = m_tree->InsertItem(L"end", twig);
+        QTreeWidgetItem* sideLeaf = m_tree->InsertItem(L"side leaf", root);
+
+        QCOMPARE(m_tree->ExpandAllChild(root, TVE_TOGGLE), 1);
+        for (QTreeWidgetItem* item : {root, branch, twig}) {
+            QVERIFY(item->isExpanded());
+            QCOMPARE(stored(item), TVIS_EXPANDED);
+        }
+        for (QTreeWidgetItem* item : {end, sideLeaf})
+            QVERIFY(!item->data(0, KtItemRole::State).isValid());
+
+        QCOMPARE(m_tree->ExpandAllChild(branch, TVE_COLLAPSE), 1);
+        QVERIFY(root->isExpanded());
+        QVERIFY(!branch->isExpanded() && !twig->isExpanded());
+        QCOMPARE(stored(twig), 0u);
+        QCOMPARE(m_tree->ExpandAllChild(nullptr, TVE_EXPAND), 0);
+    }
+
+    void expandAllAndCollapseAll()
+    {
+        QTreeWidgetItem* first = m_tree->InsertItem(L"first");
+        QTreeWidgetItem* f1 = m_tree->InsertItem(L"f1", first);
+        QTreeWidgetItem* f11 = m_tree->InsertItem(L"f11", f1);
+        QTreeWidgetItem* second = m_tree->InsertItem(L"second");
+        QTreeWidgetItem* s1 = m_tree->InsertItem(L"s1", second);
+        m_tree->InsertItem(L"s11", s1);
+        f11->setData(0, KtItemRole::State, TVIS_SELECTED);
+
+        m_tree->ExpandAll();
+        for (QTreeWidgetItem* item : {first, f1, second, s1})
+            QVERIFY(item->isExpanded());
+        // Only the descendants of the first top-level item are recorded.
+        QCOMPARE(stored(f1), TVIS_EXPANDED);
+        QCOMPARE(stored(f11), TVIS_EXPANDED | TVIS_SELECTED);
+        QVERIFY(!s1->data(0, KtItemRole::State).isValid());
+
+        m_tree->Expand(second, TVE_EXPAND);
+        QTreeWidgetItem* fresh = m_tree->InsertItem(L"fresh", f1);
+        QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
+        m_tree->CollapseAll();
+        QCOMPARE(changed.count(), 3); // written without a blocker: one signal per descendant
+        for (QTreeWidgetItem* item : {first, f1, second, s1})
+            QVERIFY(!item->isExpanded());
+        QCOMPARE(stored(f1), 0u);
+        QCOMPARE(stored(f11), TVIS_SELECTED);
+        QCOMPARE(stored(second), TVIS_EXPANDED);
+        QCOMPARE(fresh->data(0, KtItemRole::State), QVariant(0u)); // absent becomes a stored 0
+
+        m_tree->DeleteAllItems();
+        m_tree->ExpandAll(); // the empty tree's root is the invisible root item
+        m_tree->CollapseAll();
+        QCOMPARE(m_tree->GetCount(), 0u);
+    }
+
+    void walksSurviveSlotsEditingTheTree()
+    {
+        // Slots run while a walk is under way may delete items still to be visited.
+        QTreeWidgetItem* root = m_tree->InsertItem(L"root");
+        QList<QTreeWidgetItem*> branches;
+        for (int i = 0; i < 4; ++i) {
+            branches << m_tree->InsertItem(L"branch", root);
+            m_tree->InsertItem(L"leaf", branches.last());
+        }
+        connect(m_tree.get(), &QTreeWidget::itemExpanded, this, [&](QTreeWidgetItem* item) {
+            if (item == branches[0]) {
+                delete branches[1];
+                m_tree->InsertItem(L"late leaf", branches[2]);
+            }
+        });
+        QCOMPARE(m_tree->ExpandAllChild(root, TVE_EXPAND), 1);
+        QCOMPARE(root->childCount(), 3);
+        for (int i = 0; i < root->childCount(); ++i)
+            QVERIFY(root->child(i)->isExpanded());
+
+        connect(m_tree.get(), &QTreeWidget::itemChanged, this, [&](QTreeWidgetItem* item) {
+            if (item == branches[2])
+                delete branches[3];
+        });
+        m_tree->CollapseAll();
+        QCOMPARE(m_tree->GetCount(), 6u);
+    }
+
+    void checksAndDeletion()
+    {
+        QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
+        QTreeWidgetItem* child = m_tree->InsertItem(L"child", parent);
+        m_tree->InsertItem(L"grandchild", child);
+        m_tree->InsertItem(L"other");
+
+        QCOMPARE(m_tree->SetCheck(child, 5), 1);
+        QCOMPARE(m_tree->GetCheck(child), 1);
+        QCOMPARE(child->checkState(0), Qt::Checked);
+        child->setCheckState(0, Qt::Unchecked); // a user toggle changes the visible state only
+        QCOMPARE(m_tree->GetCheck(child), 1);
+        QCOMPARE(m_tree->SetCheck(child, 0), 1);
+        QCOMPARE(m_tree->GetCheck(child), 0);
+
+        QPointer<QLabel> label = new QLabel(QStringLiteral("widget"));
+        m_tree->setItemWidget(child, 0, label);
+        m_tree->SelectItem(child);
+        QSignalSpy current(m_tree.get(), &QTreeWidget::currentItemChanged);
+        QSignalSpy selection(m_tree.get(), &QTreeWidget::itemSelectionChanged);
+        m_tree->blockSignals(true); // unblocked afterwards, not restored
+        QCOMPARE(m_tree->DeleteItem(child), 1);
+        QVERIFY(!m_tree->signalsBlocked());
+        QCOMPARE(current.count(), 0);
+        QCOMPARE(selection.count(), 0);
+        QCOMPARE(m_tree->GetCount(), 2u);
+        QTRY_VERIFY(label.isNull()); // the item widget goes with the item
+
+        QCOMPARE(m_tree->DeleteItem(nullptr), 1);
+        QCOMPARE(m_tree->DeleteAllItems(), 1);
+        QCOMPARE(m_tree->GetCount(), 0u);
+    }
+
+    void dragImage()
+    {
+        if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+            QSKIP("the offscreen platform crops screen grabs to the window");
+        QTreeWidgetItem* item = m_tree->InsertItem(L"drag me");
+        m_tree->resize(240, 120);
+        m_tree->move(40, 40);
+        m_tree->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
+
+        const QPixmap image = m_tree->CreateDragImage(item);
+        QVERIFY(!image.isNull());
+        QCOMPARE(image.size() / image.devicePixelRatio(), m_tree->visualItemRect(item).size());
+    }
+
+    void deadHandles_data()
+    {
+        // Each row builds a, a/a1, a/a2, b and hands out a handle that is no item of the tree.
+        QTest::addColumn<HandleMaker>("make");
+        QTest::addColumn<int>("itemsLeft");
+        const auto pseudo = [](QTreeWidgetItem* h) { return HandleMaker([h](CKtTreeCtrl&) { return h; }); };
+        // clang-format off
+        QTest::newRow("null") << pseudo(nullptr) << 4;
+        QTest::newRow("TVI_ROOT") << pseudo(TVI_ROOT) << 4;
+        QTest::newRow("DeleteItem") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.DeleteItem(h); return h; }) << 3;
+        QTest::newRow("child of a deleted item") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(1); t.DeleteItem(t.topLevelItem(0)); return h; }) << 1;
+        QTest::newRow("DeleteAllItems") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(0); t.DeleteAllItems(); return h; }) << 0;
+        QTest::newRow("Qt takeChildren") << HandleMaker([](CKtTreeCtrl& t) { const auto taken = t.topLevelItem(0)->takeChildren(); qDeleteAll(taken); return taken.at(1); }) << 2;
+        QTest::newRow("taken, not deleted") << HandleMaker([](CKtTreeCtrl& t) { static std::unique_ptr<QTreeWidgetItem> keep; keep.reset(t.takeTopLevelItem(1)); return keep.get(); }) << 3;
+        QTest::newRow("item of another tree") << HandleMaker([](CKtTreeCtrl&) { static CKtTreeCtrl other(nullptr); other.clear(); return other.InsertItem(L"x"); }) << 4;
+        // clang-format on
+    }
+
+    void deadHandles()
+    {
+        QFETCH(HandleMaker, make);
+        QFETCH(int, itemsLeft);
+        m_tree->AppendItemImage(solid(Qt::red));
+        QTreeWidgetItem* a = m_tree->InsertItem(L"a", 0, 0, nullptr, nullptr);
+        m_tree->InsertItem(L"a1", a);
+        m_tree->InsertItem(L"a2", a);
+        m_tree->InsertItem(L"b");
+        QTreeWidgetItem* dead = make(*m_tree);
+        QCOMPARE(int(m_tree->GetCount()), itemsLeft);
+
+        // Every call gives what it gives for a null item, and the tree stays as it was.
+        int image = 3, selected = 3;
+        tagRECT rect{1, 2, 3, 4};
+        QCOMPARE(m_tree->GetItemImage(dead, image, selected), 0);
+        QCOMPARE(QPoint(image, selected), QPoint(-1, -1));
+        QCOMPARE(m_tree->GetItemRect(dead, &rect, 0), 1);
+        QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
+        QCOMPARE(m_tree->GetItemText(dead).length(), 0);
+        QCOMPARE(m_tree->GetItemData(dead), 0ull);
+        QCOMPARE(m_tree->GetItemState(dead, TVIS_STATEIMAGEMASK), 0u);
+        QCOMPARE(m_tree->GetItemState(dead, 0xFFFFFFFF), 0u);
+        const int zeros[] = {m_tree->SetItemText(dead, L"x"), m_tree->SetItemImage(dead, 0, 0),
+            m_tree->SetItemData(dead, 1), m_tree->SetItemState(dead, 2, 2), m_tree->ItemHasChildren(dead),
+            m_tree->SelectDropTarget(dead), m_tree->EnsureVisible(dead), m_tree->EditLabel(dead),
+            m_tree->Expand(dead, TVE_EXPAND), m_tree->ExpandAllChild(dead, TVE_EXPAND),
+            m_tree->SetCheck(dead, 1), m_tree->GetCheck(dead)};
+        for (int result : zeros)
+            QCOMPARE(result, 0);
+        QCOMPARE(m_tree->GetParentItem(dead), nullptr);
+        QCOMPARE(m_tree->GetNextSiblingItem(dead), nullptr);
+        QCOMPARE(m_tree->GetPrevSiblingItem(dead), nullptr);
+        QCOMPARE(m_tree->GetNextItem(dead, TVGN_NEXT), nullptr);
+        QCOMPARE(m_tree->GetChildItem(dead), m_tree->topLevelItem(0));
+        QCOMPARE(m_tree->Select(dead, TVGN_CARET), 1);
+        QCOMPARE(m_tree->GetSelectedItem(), nullptr);
+        QCOMPARE(m_tree->DeleteItem(dead), 1);
+        QCOMPARE(int(m_tree->GetCount()), itemsLeft);
+        // As a parent it means the top level; as the item to insert after, the end.
+        QTreeWidgetItem* inserted = m_tree->InsertItem(L"new", 0, 0, dead, dead);
+        QCOMPARE(m_tree->topLevelItem(m_tree->topLevelItemCount() - 1), inserted);
+        QCOMPARE(m_tree->GetItemText(inserted), KtString(L"new"));
+    }
 
 private:
     std::unique_ptr<CKtTreeCtrl> m_tree;
 };
-
-void TestCKtTreeCtrl::imageList()
-{
-    QVERIFY(m_tree->SetImageList(CKtImageList{solid(Qt::red)}, 0).isEmpty());
-    QTreeWidgetItem* before = m_tree->InsertItem(L"before");
-    QCOMPARE(m_tree->SetImageList(CKtImageList{solid(Qt::blue)}, 0).size(), 1);
-    m_tree->AppendItemImage(solid(Qt::green));
-    QCOMPARE(m_tree->GetImageList(7).size(), 2);
-    m_tree->ClearItemImageList();
-    QVERIFY(m_tree->GetImageList(0).isEmpty());
-
-    // Icons are made at insertion: later list changes leave them alone.
-    QCOMPARE(iconColor(before->icon(0), QIcon::Normal), QColor(Qt::red));
-    QVERIFY(m_tree->InsertItem(L"after")->icon(0).isNull());
-    auto* foreign = new QTreeWidgetItem(m_tree.get(), QStringList{"plain"}); // absent roles read as 0
-    int image = 9, selected = 9;
-    QCOMPARE(m_tree->GetItemImage(foreign, image, selected), 1);
-    QCOMPARE(QPoint(image, selected), QPoint(0, 0));
-}
-
-void TestCKtTreeCtrl::insertPlacement_data()
-{
-    // A parent "P" with children c0, c1, c2, and top-level items P and T.
-    QTest::addColumn<QString>("parent");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<QStringList>("topLevel");
-    QTest::addColumn<QStringList>("children");
-
-    const QStringList top{"P", "T"}, kids{"c0", "c1", "c2"}, last{"c0", "c1", "c2", "new"};
-    const QStringList appended{"P", "T", "new"};
-    QTest::newRow("root ignores after") << ""
-                                        << "c0" << appended << kids;
-    QTest::newRow("TVI_ROOT parent") << "TVI_ROOT"
-                                     << "TVI_LAST" << appended << kids;
-    QTest::newRow("after first child") << "P"
-                                       << "c0" << top << QStringList{"c0", "new", "c1", "c2"};
-    QTest::newRow("no after") << "P"
-                              << "" << top << last;
-    QTest::newRow("after a non-child") << "P"
-                                       << "T" << top << last;
-    QTest::newRow("TVI_FIRST appends") << "P"
-                                       << "TVI_FIRST" << top << last;
-    QTest::newRow("TVI_SORT appends") << "P"
-                                      << "TVI_SORT" << top << last;
-}
-
-void TestCKtTreeCtrl::insertPlacement()
-{
-    QFETCH(QString, parent);
-    QFETCH(QString, after);
-    QFETCH(QStringList, topLevel);
-    QFETCH(QStringList, children);
-
-    QHash<QString, QTreeWidgetItem*> handles{{"", nullptr}, {"TVI_ROOT", TVI_ROOT}, {"TVI_FIRST", TVI_FIRST},
-        {"TVI_LAST", TVI_LAST}, {"TVI_SORT", TVI_SORT}};
-    handles["P"] = m_tree->InsertItem(L"P");
-    handles["T"] = m_tree->InsertItem(L"T");
-    QTreeWidgetItem* previous = nullptr;
-    for (const wchar_t* name : {L"c0", L"c1", L"c2"})
-        handles[QString::fromWCharArray(name)] = previous
-            = m_tree->InsertItem(name, 0, 0, handles["P"], previous);
-
-    QVERIFY(m_tree->InsertItem(L"new", 0, 0, handles[parent], handles[after]));
-    QCOMPARE(texts(m_tree->invisibleRootItem()), topLevel);
-    QCOMPARE(texts(handles["P"]), children);
-}
-
-void TestCKtTreeCtrl::insertImages_data()
-{
-    QTest::addColumn<int>("image");
-    QTest::addColumn<int>("selectedImage");
-    QTest::addColumn<bool>("hasIcon");
-
-    QTest::newRow("0/1") << 0 << 1 << true;
-    QTest::newRow("image out of range") << 2 << 0 << false;
-    QTest::newRow("selected out of range") << 0 << 2 << false;
-    QTest::newRow("negative image") << -1 << 0 << false;
-    QTest::newRow("negative selected") << 1 << -5 << false;
-    QTest::newRow("int extremes") << INT_MAX << INT_MIN << false;
-}
-
-void TestCKtTreeCtrl::insertImages()
-{
-    QFETCH(int, image);
-    QFETCH(int, selectedImage);
-    QFETCH(bool, hasIcon);
-
-    const QColor colors[] = {Qt::red, Qt::blue};
-    m_tree->SetImageList(CKtImageList{solid(colors[0]), solid(colors[1])}, 0);
-
-    QTreeWidgetItem* item = m_tree->InsertItem(L"x", image, selectedImage, nullptr, nullptr);
-    QCOMPARE(!item->icon(0).isNull(), hasIcon);
-    if (hasIcon) {
-        QCOMPARE(iconColor(item->icon(0), QIcon::Normal), colors[image]);
-        QCOMPARE(iconColor(item->icon(0), QIcon::Selected), colors[selectedImage]);
-    }
-    // The indices are stored even when no icon could be made.
-    int gotImage = 0, gotSelected = 0;
-    QCOMPARE(m_tree->GetItemImage(item, gotImage, gotSelected), 1);
-    QCOMPARE(gotImage, image);
-    QCOMPARE(gotSelected, selectedImage);
-
-    // SetItemImage takes the same indices or refuses them, leaving the item as it was.
-    QTreeWidgetItem* other = m_tree->InsertItem(L"y", 5, 6, nullptr, nullptr);
-    QCOMPARE(m_tree->SetItemImage(other, image, selectedImage), int(hasIcon));
-    m_tree->GetItemImage(other, gotImage, gotSelected);
-    QCOMPARE(gotImage, hasIcon ? image : 5);
-    QCOMPARE(gotSelected, hasIcon ? selectedImage : 6);
-    QCOMPARE(other->icon(0).isNull(), !hasIcon);
-}
-
-void TestCKtTreeCtrl::insertStructureTextAndCheckBoxes()
-{
-    m_tree->SetImageList(CKtImageList{solid(Qt::red), solid(Qt::blue)}, 0);
-    QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
-    QTreeWidgetItem* first = m_tree->InsertItem(L"first", parent);
-    m_tree->InsertItem(L"last", parent);
-
-    wchar_t label[] = L"从结构插入 🙂";
-    tagTVINSERTSTRUCT insert{};
-    insert.hParent = parent;
-    insert.hInsertAfter = first;
-    insert.item = {TVIF_TEXT | TVIF_PARAM | TVIF_STATE, nullptr, TVIS_BOLD, TVIS_BOLD, label, 0, 1, 0, 0, 77};
-    QTreeWidgetItem* item = m_tree->InsertItem(&insert);
-    QCOMPARE(parent->indexOfChild(item), 1);
-    QCOMPARE(m_tree->GetItemText(item), KtString(label));
-    QCOMPARE(iconColor(item->icon(0), QIcon::Normal), QColor(Qt::blue));
-    QCOMPARE(m_tree->GetItemData(item), 0ull); // mask, state and lParam are not read
-    QCOMPARE(m_tree->GetItemState(item, 0xFFFFFFFF), 0u);
-    QCOMPARE(m_tree->InsertItem(static_cast<tagTVINSERTSTRUCT*>(nullptr)), nullptr);
-    QCOMPARE(m_tree->SetItemText(item, nullptr), 1);
-    QCOMPARE(item->text(0), QString());
-    QCOMPARE(m_tree->SetItemData(item, ~0ull), 1);
-    QCOMPARE(m_tree->GetItemData(item), ~0ull);
-    QCOMPARE(item->data(0, KtItemRole::ItemData).userType(), int(QMetaType::ULongLong));
-
-    // Check boxes and their flags reach only items inserted while the mode is on; items
-    // share nothing a later change to one of them could reach.
-    m_tree->SetCheckBoxes(5);
-    QTreeWidgetItem* boxed = m_tree->InsertItem(L"boxed");
-    QCOMPARE(boxed->checkState(0), Qt::Unchecked);
-    QVERIFY(boxed->flags() & Qt::ItemIsUserCheckable);
-    m_tree->SetCheckBoxes(1, Qt::ItemIsAutoTristate | Qt::ItemIsEditable);
-    QTreeWidgetItem* tristate = m_tree->InsertItem(L"tristate");
-    m_tree->SetCheckBoxes(0, Qt::ItemIsAutoTristate);
-    QTreeWidgetItem* plain = m_tree->InsertItem(L"plain");
-    const Qt::ItemFlags extra = Qt::ItemIsAutoTristate | Qt::ItemIsEditable;
-    QCOMPARE(tristate->flags() & extra, extra);
-    QCOMPARE(plain->flags() & extra, Qt::ItemFlags());
-    QVERIFY(!plain->data(0, Qt::CheckStateRole).isValid());
-    QVERIFY(!first->data(0, Qt::CheckStateRole).isValid());
-}
-
-void TestCKtTreeCtrl::setItemState_data()
-{
-    QTest::addColumn<uint>("initial");
-    QTest::addColumn<uint>("state");
-    QTest::addColumn<uint>("mask");
-    QTest::addColumn<uint>("expected");
-
-    QTest::newRow("set selected") << 0u << 0x2u << 0x2u << 0x2u;
-    QTest::newRow("clear selected") << 0x22u << 0u << 0x2u << 0x20u;
-    QTest::newRow("two-bit mask, one set") << 0x20u << 0u << 0x22u << 0x20u;
-    QTest::newRow("two-bit mask, both set") << 0x22u << 0u << 0x22u << 0u;
-    QTest::newRow("partial mask still ORs") << 0x02u << 0x40u << 0x22u << 0x42u;
-    QTest::newRow("mask 0 ORs") << 0x20u << 0x8u << 0u << 0x28u;
-    QTest::newRow("replace all") << 0x22u << 0x10u << 0xFFFFFFFFu << 0x10u;
-    QTest::newRow("private collapse") << 0x22u << 0x40u << 1u << 0x02u;
-}
-
-void TestCKtTreeCtrl::setItemState()
-{
-    QFETCH(uint, initial);
-    QFETCH(uint, state);
-    QFETCH(uint, mask);
-    QFETCH(uint, expected);
-
-    QTreeWidgetItem* item = m_tree->InsertItem(L"x");
-    item->setData(0, KtItemRole::State, initial);
-    QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
-    QCOMPARE(m_tree->SetItemState(item, state, mask), 1);
-    QCOMPARE(changed.count(), 0); // bookkeeping emits nothing
-    QVERIFY(!m_tree->signalsBlocked());
-    QCOMPARE(stored(item), expected);
-    // Any mask but the state-image mask reads back the whole, unmasked value.
-    QCOMPARE(m_tree->GetItemState(item, TVIS_SELECTED), expected);
-
-    // With signals already blocked the write is direct and they stay blocked.
-    m_tree->blockSignals(true);
-    m_tree->SetItemState(item, initial, 0xFFFFFFFF);
-    QVERIFY(m_tree->signalsBlocked());
-    m_tree->blockSignals(false);
-    QCOMPARE(stored(item), initial);
-}
-
-void TestCKtTreeCtrl::stateImageMask()
-{
-    QTreeWidgetItem* item = m_tree->InsertItem(L"x");
-    item->setData(0, KtItemRole::State, 0x20u);
-    // Image 2 is a partial check, 3 a check; 0, 1 and 4 are unchecked.
-    const std::pair<uint, int> cases[] = {{0x0000u, Qt::Unchecked}, {0x4000u, Qt::Unchecked},
-        {0x2000u, Qt::PartiallyChecked}, {0x3022u, Qt::Checked}};
-    for (auto [state, check] : cases) {
-        QCOMPARE(m_tree->SetItemState(item, state, TVIS_STATEIMAGEMASK), 1);
-        QCOMPARE(item->data(0, Qt::CheckStateRole).toInt(), check);
-        QCOMPARE(item->data(0, KtItemRole::CheckMirror).toInt(), check);
-        QCOMPARE(stored(item), 0x20u); // the stored bits are not touched
-        QCOMPARE(m_tree->GetCheck(item), int(check == Qt::Checked));
-    }
-}
-
-void TestCKtTreeCtrl::siblingCheckSummary_data()
-{
-    QTest::addColumn<QList<int>>("mirrors"); // recorded check of each child
-    QTest::addColumn<uint>("expected");
-
-    QTest::newRow("all unchecked") << QList<int>{0, 0, 0} << 0x1000u;
-    QTest::newRow("all checked") << QList<int>{2, 2} << 0x3000u;
-    QTest::newRow("partial counts as unchecked") << QList<int>{1, 1, 1} << 0x1000u;
-    QTest::newRow("only a sibling checked") << QList<int>{0, 2} << 0x2000u;
-}
-
-void TestCKtTreeCtrl::siblingCheckSummary()
-{
-    QFETCH(QList<int>, mirrors);
-    QFETCH(uint, expected);
-
-    QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
-    QList<QTreeWidgetItem*> children;
-    for (int mirror : mirrors) {
-        children << m_tree->InsertItem(L"child", parent);
-        m_tree->SetItemState(children.last(), uint(mirror + 1) << 12, TVIS_STATEIMAGEMASK);
-        children.last()->setData(0, Qt::CheckStateRole, Qt::Checked); // visible state does not count
-    }
-    m_tree->SetCheck(m_tree->InsertItem(L"grandchild", children.first()), 1); // nor do own children
-
-    QCOMPARE(m_tree->GetItemState(children.first(), TVIS_STATEIMAGEMASK), expected);
-    QCOMPARE(m_tree->GetItemState(children.last(), TVIS_STATEIMAGEMASK), expected);
-
-    // A top-level item reads its own visible check box.
-    m_tree->SetCheck(parent, 0);
-    QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x1000u);
-    parent->setCheckState(0, Qt::Checked); // as a user click would
-    QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x3000u);
-    QCOMPARE(m_tree->GetCheck(parent), 0); // the recorded check is unchanged
-    parent->setCheckState(0, Qt::PartiallyChecked);
-    QCOMPARE(m_tree->GetItemState(parent, TVIS_STATEIMAGEMASK), 0x1000u);
-}
-
-void TestCKtTreeCtrl::navigation()
-{
-    QWidget dialog;
-    CKtTreeCtrl empty(&dialog);
-    QCOMPARE(empty.parentWidget(), nullptr); // the parent argument is not passed on
-    QVERIFY(empty.header()->isHidden());
-    QCOMPARE(empty.GetRootItem(), empty.invisibleRootItem());
-    QCOMPARE(empty.GetChildItem(nullptr), nullptr);
-    QCOMPARE(empty.GetFirstVisibleItem(), nullptr);
-
-    QTreeWidgetItem* a = m_tree->InsertItem(L"a");
-    QTreeWidgetItem* b = m_tree->InsertItem(L"b");
-    QList<QTreeWidgetItem*> kids;
-    for (int i = 0; i < 20; ++i)
-        kids << m_tree->InsertItem(L"kid", a);
-    QCOMPARE(m_tree->GetRootItem(), a);
-    QCOMPARE(m_tree->GetChildItem(nullptr), a);
-    QCOMPARE(m_tree->GetParentItem(a), nullptr);
-    QCOMPARE(m_tree->GetPrevSiblingItem(kids[0]), nullptr);
-    QCOMPARE(QPoint(m_tree->ItemHasChildren(a), m_tree->ItemHasChildren(b)), QPoint(1, 0));
-
-    // Sibling look-ups stay right while items come and go between them.
-    QCOMPARE(m_tree->GetNextSiblingItem(kids[10]), kids[11]);
-    m_tree->DeleteItem(kids[11]);
-    QCOMPARE(m_tree->GetNextSiblingItem(kids[10]), kids[12]);
-    QTreeWidgetItem* inserted = m_tree->InsertItem(L"inserted", 0, 0, a, kids[5]);
-    QCOMPARE(m_tree->GetNextSiblingItem(kids[5]), inserted);
-    QCOMPARE(m_tree->GetPrevSiblingItem(kids[6]), inserted);
-    QCOMPARE(m_tree->GetNextSiblingItem(kids[19]), nullptr);
-}
-
-void TestCKtTreeCtrl::getNextItem()
-{
-    QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
-    QTreeWidgetItem* first = m_tree->InsertItem(L"first", parent);
-    QTreeWidgetItem* second = m_tree->InsertItem(L"second", parent);
-    m_tree->SelectItem(parent); // the caret is elsewhere: TVGN_CARET still walks to the sibling
-
-    // Only bit 0 of the code is tested: odd codes give the next sibling, even ones nothing.
-    for (uint code : {TVGN_ROOT, TVGN_NEXT, TVGN_PARENT, TVGN_CHILD, TVGN_CARET, TVGN_LASTVISIBLE, 0x101u}) {
-        QCOMPARE(m_tree->GetNextItem(first, code), code & 1 ? second : nullptr);
-        QCOMPARE(m_tree->GetNextItem(second, code), nullptr);
-        QCOMPARE(m_tree->GetNextItem(nullptr, code), nullptr);
-    }
-}
-
-void TestCKtTreeCtrl::countsAndGeometry()
-{
-    QTreeWidgetItem* a = m_tree->InsertItem(L"a");
-    QTreeWidgetItem* a1 = m_tree->InsertItem(L"a1", a);
-    m_tree->InsertItem(L"a1x", a1);
-    m_tree->InsertItem(L"a2", a);
-    QTreeWidgetItem* b = m_tree->InsertItem(L"b");
-    QTreeWidgetItem* hidden = m_tree->InsertItem(L"hidden", b);
-    m_tree->InsertItem(L"under hidden", hidden);
-    QCOMPARE(m_tree->GetCount(), 7u); // collapsed branches included
-
-    m_tree->resize(200, 60); // most rows fall outside the viewport
-    m_tree->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
-    QCOMPARE(m_tree->GetVisibleCount(), 2u);
-
-    tagRECT rect{-1, -1, -1, -1};
-    QCOMPARE(m_tree->GetItemRect(a1, &rect, 0), 1); // collapsed: Qt's empty rectangle
-    QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
-    const QRect expected = m_tree->visualItemRect(b);
-    for (int textOnly : {0, 1}) {
-        QCOMPARE(m_tree->GetItemRect(b, &rect, textOnly), 1);
-        QCOMPARE(asRect(rect), QRect(expected.topLeft(), expected.bottomRight() + QPoint(1, 1)));
-    }
-    QCOMPARE(m_tree->GetItemRect(b, nullptr, 0), 0);
-
-    unsigned int flags = 0;
-    QCOMPARE(m_tree->HitTest(expected.center(), &flags), b);
-    QCOMPARE(flags, 7u);
-    QCOMPARE(m_tree->HitTest(QPoint(5, 55), &flags), nullptr); // empty space
-    QCOMPARE(m_tree->GetFirstVisibleItem(), a);
-
-    m_tree->expandAll();
-    QCOMPARE(m_tree->GetVisibleCount(), 7u); // scrolled out of view still counts
-    hidden->setHidden(true);
-    QCOMPARE(m_tree->GetVisibleCount(), 5u);
-    QCOMPARE(m_tree->EnsureVisible(b), 1); // scrolls b into the viewport
-    QVERIFY(m_tree->viewport()->rect().contains(m_tree->visualItemRect(b)));
-    QVERIFY(m_tree->GetFirstVisibleItem() != a);
-
-    // A view rooted at a collapsed item lays out that item's children.
-    a1->setExpanded(false);
-    m_tree->setRootIndex(m_tree->model()->index(0, 0));
-    QCOMPARE(m_tree->GetVisibleCount(), 2u);
-    a1->setExpanded(true);
-    QCOMPARE(m_tree->GetVisibleCount(), 3u);
-}
-
-void TestCKtTreeCtrl::selectionAndEditing()
-{
-    m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    QTreeWidgetItem* a = m_tree->InsertItem(L"a");
-    QTreeWidgetItem* b = m_tree->InsertItem(L"b");
-    QTreeWidgetItem* c = m_tree->InsertItem(L"c");
-    a->setSelected(true);
-    a->setData(0, KtItemRole::State, TVIS_SELECTED | TVIS_EXPANDED);
-    b->setData(0, KtItemRole::State, TVIS_SELECTED); // not selected in Qt: keeps its bit
-
-    QCOMPARE(m_tree->SelectItem(c), 1);
-    QCOMPARE(stored(a), TVIS_EXPANDED);
-    QCOMPARE(stored(b), TVIS_SELECTED);
-    QCOMPARE(stored(c), TVIS_SELECTED);
-
-    QCOMPARE(m_tree->Select(a, TVGN_DROPHILITE), 0);
-    QCOMPARE(m_tree->GetSelectedItem(), c);
-    QCOMPARE(m_tree->Select(a, TVGN_CARET), 1);
-    QCOMPARE(m_tree->GetSelectedItem(), a);
-    QCOMPARE(stored(c), 0u);
-    QCOMPARE(m_tree->SelectItem(nullptr), 1);
-    QCOMPARE(m_tree->GetSelectedItem(), nullptr);
-
-    b->setFlags(b->flags() & ~(Qt::ItemIsDropEnabled | Qt::ItemIsEditable));
-    QCOMPARE(m_tree->SelectDropTarget(b), 1);
-    QVERIFY(b->flags() & Qt::ItemIsDropEnabled);
-
-    m_tree->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
-    QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
-    m_tree->blockSignals(true); // unblocked afterwards, not restored
-    QCOMPARE(m_tree->EditLabel(b), 1);
-    QVERIFY(!m_tree->signalsBlocked());
-    QVERIFY(b->flags() & Qt::ItemIsEditable);
-    QCOMPARE(changed.count(), 0);
-    QTRY_VERIFY(m_tree->viewport()->findChild<QLineEdit*>());
-}
-
-void TestCKtTreeCtrl::expand_data()
-{
-    QTest::addColumn<uint>("code");
-    QTest::addColumn<bool>("startExpanded");
-    QTest::addColumn<bool>("expanded");
-
-    QTest::newRow("TVE_COLLAPSE") << TVE_COLLAPSE << true << false;
-    QTest::newRow("TVE_TOGGLE on expanded") << TVE_TOGGLE << true << true;
-    QTest::newRow("code 0 expands") << 0u << false << true;
-    QTest::newRow("TVE_COLLAPSERESET alone expands") << TVE_COLLAPSERESET << true << true;
-    QTest::newRow("collapse with reset") << (TVE_COLLAPSE | TVE_COLLAPSERESET) << true << false;
-}
-
-void TestCKtTreeCtrl::expand()
-{
-    QFETCH(uint, code);
-    QFETCH(bool, startExpanded);
-    QFETCH(bool, expanded);
-
-    QTreeWidgetItem* item = m_tree->InsertItem(L"parent");
-    m_tree->InsertItem(L"child", item);
-    item->setExpanded(startExpanded);
-    item->setData(0, KtItemRole::State, (startExpanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
-
-    QCOMPARE(m_tree->Expand(item, code), 1);
-    QCOMPARE(item->isExpanded(), expanded);
-    QCOMPARE(stored(item), (expanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
-}
-
-void TestCKtTreeCtrl::expandAllChild()
-{
-    QTreeWidgetItem* leaf = m_tree->InsertItem(L"leaf");
-    QCOMPARE(m_tree->ExpandAllChild(leaf, TVE_EXPAND), 1); // a leaf is left untouched
-    QVERIFY(!leaf->data(0, KtItemRole::State).isValid());
-    QCOMPARE(m_tree->Expand(leaf, TVE_EXPAND), 1); // while Expand records it
-    QCOMPARE(stored(leaf), TVIS_EXPANDED);
-
-    QTreeWidgetItem* root = m_tree->InsertItem(L"root");
-    QTreeWidgetItem* branch = m_tree->InsertItem(L"branch", root);
-    QTreeWidgetItem* twig = m_tree->InsertItem(L"twig", branch);
-    QTreeWidgetItem* end = m_tree->InsertItem(L"end", twig);
-    QTreeWidgetItem* sideLeaf = m_tree->InsertItem(L"side leaf", root);
-
-    QCOMPARE(m_tree->ExpandAllChild(root, TVE_TOGGLE), 1);
-    for (QTreeWidgetItem* item : {root, branch, twig}) {
-        QVERIFY(item->isExpanded());
-        QCOMPARE(stored(item), TVIS_EXPANDED);
-    }
-    for (QTreeWidgetItem* item : {end, sideLeaf})
-        QVERIFY(!item->data(0, KtItemRole::State).isValid());
-
-    QCOMPARE(m_tree->ExpandAllChild(branch, TVE_COLLAPSE), 1);
-    QVERIFY(root->isExpanded());
-    QVERIFY(!branch->isExpanded() && !twig->isExpanded());
-    QCOMPARE(stored(twig), 0u);
-    QCOMPARE(m_tree->ExpandAllChild(nullptr, TVE_EXPAND), 0);
-}
-
-void TestCKtTreeCtrl::expandAllAndCollapseAll()
-{
-    QTreeWidgetItem* first = m_tree->InsertItem(L"first");
-    QTreeWidgetItem* f1 = m_tree->InsertItem(L"f1", first);
-    QTreeWidgetItem* f11 = m_tree->InsertItem(L"f11", f1);
-    QTreeWidgetItem* second = m_tree->InsertItem(L"second");
-    QTreeWidgetItem* s1 = m_tree->InsertItem(L"s1", second);
-    m_tree->InsertItem(L"s11", s1);
-    f11->setData(0, KtItemRole::State, TVIS_SELECTED);
-
-    m_tree->ExpandAll();
-    for (QTreeWidgetItem* item : {first, f1, second, s1})
-        QVERIFY(item->isExpanded());
-    // Only the descendants of the first top-level item are recorded.
-    QCOMPARE(stored(f1), TVIS_EXPANDED);
-    QCOMPARE(stored(f11), TVIS_EXPANDED | TVIS_SELECTED);
-    QVERIFY(!s1->data(0, KtItemRole::State).isValid());
-
-    m_tree->Expand(second, TVE_EXPAND);
-    QTreeWidgetItem* fresh = m_tree->InsertItem(L"fresh", f1);
-    QSignalSpy changed(m_tree.get(), &QTreeWidget::itemChanged);
-    m_tree->CollapseAll();
-    QCOMPARE(changed.count(), 3); // written without a blocker: one signal per descendant
-    for (QTreeWidgetItem* item : {first, f1, second, s1})
-        QVERIFY(!item->isExpanded());
-    QCOMPARE(stored(f1), 0u);
-    QCOMPARE(stored(f11), TVIS_SELECTED);
-    QCOMPARE(stored(second), TVIS_EXPANDED);
-    QCOMPARE(fresh->data(0, KtItemRole::State), QVariant(0u)); // absent becomes a stored 0
-
-    m_tree->DeleteAllItems();
-    m_tree->ExpandAll(); // the empty tree's root is the invisible root item
-    m_tree->CollapseAll();
-    QCOMPARE(m_tree->GetCount(), 0u);
-}
-
-void TestCKtTreeCtrl::walksSurviveSlotsEditingTheTree()
-{
-    // Slots run while a walk is under way may delete items still to be visited.
-    QTreeWidgetItem* root = m_tree->InsertItem(L"root");
-    QList<QTreeWidgetItem*> branches;
-    for (int i = 0; i < 4; ++i) {
-        branches << m_tree->InsertItem(L"branch", root);
-        m_tree->InsertItem(L"leaf", branches.last());
-    }
-    connect(m_tree.get(), &QTreeWidget::itemExpanded, this, [&](QTreeWidgetItem* item) {
-        if (item == branches[0]) {
-            delete branches[1];
-            m_tree->InsertItem(L"late leaf", branches[2]);
-        }
-    });
-    QCOMPARE(m_tree->ExpandAllChild(root, TVE_EXPAND), 1);
-    QCOMPARE(root->childCount(), 3);
-    for (int i = 0; i < root->childCount(); ++i)
-        QVERIFY(root->child(i)->isExpanded());
-
-    connect(m_tree.get(), &QTreeWidget::itemChanged, this, [&](QTreeWidgetItem* item) {
-        if (item == branches[2])
-            delete branches[3];
-    });
-    m_tree->CollapseAll();
-    QCOMPARE(m_tree->GetCount(), 6u);
-}
-
-void TestCKtTreeCtrl::checksAndDeletion()
-{
-    QTreeWidgetItem* parent = m_tree->InsertItem(L"parent");
-    QTreeWidgetItem* child = m_tree->InsertItem(L"child", parent);
-    m_tree->InsertItem(L"grandchild", child);
-    m_tree->InsertItem(L"other");
-
-    QCOMPARE(m_tree->SetCheck(child, 5), 1);
-    QCOMPARE(m_tree->GetCheck(child), 1);
-    QCOMPARE(child->checkState(0), Qt::Checked);
-    child->setCheckState(0, Qt::Unchecked); // a user toggle changes the visible state only
-    QCOMPARE(m_tree->GetCheck(child), 1);
-    QCOMPARE(m_tree->SetCheck(child, 0), 1);
-    QCOMPARE(m_tree->GetCheck(child), 0);
-
-    QPointer<QLabel> label = new QLabel(QStringLiteral("widget"));
-    m_tree->setItemWidget(child, 0, label);
-    m_tree->SelectItem(child);
-    QSignalSpy current(m_tree.get(), &QTreeWidget::currentItemChanged);
-    QSignalSpy selection(m_tree.get(), &QTreeWidget::itemSelectionChanged);
-    m_tree->blockSignals(true); // unblocked afterwards, not restored
-    QCOMPARE(m_tree->DeleteItem(child), 1);
-    QVERIFY(!m_tree->signalsBlocked());
-    QCOMPARE(current.count(), 0);
-    QCOMPARE(selection.count(), 0);
-    QCOMPARE(m_tree->GetCount(), 2u);
-    QTRY_VERIFY(label.isNull()); // the item widget goes with the item
-
-    QCOMPARE(m_tree->DeleteItem(nullptr), 1);
-    QCOMPARE(m_tree->DeleteAllItems(), 1);
-    QCOMPARE(m_tree->GetCount(), 0u);
-}
-
-void TestCKtTreeCtrl::dragImage()
-{
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        QSKIP("the offscreen platform crops screen grabs to the window");
-    QTreeWidgetItem* item = m_tree->InsertItem(L"drag me");
-    m_tree->resize(240, 120);
-    m_tree->move(40, 40);
-    m_tree->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_tree.get()));
-
-    const QPixmap image = m_tree->CreateDragImage(item);
-    QVERIFY(!image.isNull());
-    QCOMPARE(image.size() / image.devicePixelRatio(), m_tree->visualItemRect(item).size());
-}
-
-void TestCKtTreeCtrl::deadHandles_data()
-{
-    // Each row builds a, a/a1, a/a2, b and hands out a handle that is no item of the tree.
-    QTest::addColumn<HandleMaker>("make");
-    QTest::addColumn<int>("itemsLeft");
-    const auto pseudo = [](QTreeWidgetItem* h) { return HandleMaker([h](CKtTreeCtrl&) { return h; }); };
-    // clang-format off
-    QTest::newRow("null") << pseudo(nullptr) << 4;
-    QTest::newRow("TVI_ROOT") << pseudo(TVI_ROOT) << 4;
-    QTest::newRow("TVI_SORT") << pseudo(TVI_SORT) << 4;
-    QTest::newRow("DeleteItem") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.DeleteItem(h); return h; }) << 3;
-    QTest::newRow("child of a deleted item") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(1); t.DeleteItem(t.topLevelItem(0)); return h; }) << 1;
-    QTest::newRow("DeleteAllItems") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(0); t.DeleteAllItems(); return h; }) << 0;
-    QTest::newRow("Qt delete") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(0)->child(0); delete h; return h; }) << 3;
-    QTest::newRow("Qt clear") << HandleMaker([](CKtTreeCtrl& t) { auto* h = t.topLevelItem(1); t.clear(); return h; }) << 0;
-    QTest::newRow("Qt takeChildren") << HandleMaker([](CKtTreeCtrl& t) { const auto taken = t.topLevelItem(0)->takeChildren(); qDeleteAll(taken); return taken.at(1); }) << 2;
-    QTest::newRow("taken, not deleted") << HandleMaker([](CKtTreeCtrl& t) { static std::unique_ptr<QTreeWidgetItem> keep; keep.reset(t.takeTopLevelItem(1)); return keep.get(); }) << 3;
-    QTest::newRow("item of another tree") << HandleMaker([](CKtTreeCtrl&) { static CKtTreeCtrl other(nullptr); other.clear(); return other.InsertItem(L"x"); }) << 4;
-    // clang-format on
-}
-
-void TestCKtTreeCtrl::deadHandles()
-{
-    QFETCH(HandleMaker, make);
-    QFETCH(int, itemsLeft);
-    m_tree->AppendItemImage(solid(Qt::red));
-    QTreeWidgetItem* a = m_tree->InsertItem(L"a", 0, 0, nullptr, nullptr);
-    m_tree->InsertItem(L"a1", a);
-    m_tree->InsertItem(L"a2", a);
-    m_tree->InsertItem(L"b");
-    QTreeWidgetItem* dead = make(*m_tree);
-    QCOMPARE(int(m_tree->GetCount()), itemsLeft);
-
-    // Every call gives what it gives for a null item, and the tree stays as it was.
-    int image = 3, selected = 3;
-    tagRECT rect{1, 2, 3, 4};
-    QCOMPARE(m_tree->GetItemImage(dead, image, selected), 0);
-    QCOMPARE(QPoint(image, selected), QPoint(-1, -1));
-    QCOMPARE(m_tree->GetItemRect(dead, &rect, 0), 1);
-    QCOMPARE(asRect(rect), QRect(QPoint(0, 0), QPoint(0, 0)));
-    QCOMPARE(m_tree->GetItemText(dead).length(), 0);
-    QCOMPARE(m_tree->GetItemData(dead), 0ull);
-    QCOMPARE(m_tree->GetItemState(dead, TVIS_STATEIMAGEMASK), 0u);
-    QCOMPARE(m_tree->GetItemState(dead, 0xFFFFFFFF), 0u);
-    const int zeros[]
-        = {m_tree->SetItemText(dead, L"x"), m_tree->SetItemImage(dead, 0, 0), m_tree->SetItemData(dead, 1),
-            m_tree->SetItemState(dead, 2, 2), m_tree->ItemHasChildren(dead), m_tree->SelectDropTarget(dead),
-            m_tree->EnsureVisible(dead), m_tree->EditLabel(dead), m_tree->Expand(dead, TVE_EXPAND),
-            m_tree->ExpandAllChild(dead, TVE_EXPAND), m_tree->SetCheck(dead, 1), m_tree->GetCheck(dead)};
-    for (int result : zeros)
-        QCOMPARE(result, 0);
-    QCOMPARE(m_tree->GetParentItem(dead), nullptr);
-    QCOMPARE(m_tree->GetNextSiblingItem(dead), nullptr);
-    QCOMPARE(m_tree->GetPrevSiblingItem(dead), nullptr);
-    QCOMPARE(m_tree->GetNextItem(dead, TVGN_NEXT), nullptr);
-    QCOMPARE(m_tree->GetChildItem(dead), m_tree->topLevelItem(0));
-    QCOMPARE(m_tree->Select(dead, TVGN_CARET), 1);
-    QCOMPARE(m_tree->GetSelectedItem(), nullptr);
-    QCOMPARE(m_tree->DeleteItem(dead), 1);
-    QCOMPARE(int(m_tree->GetCount()), itemsLeft);
-    // As a parent it means the top level; as the item to insert after, the end.
-    QTreeWidgetItem* inserted = m_tree->InsertItem(L"new", 0, 0, dead, dead);
-    QCOMPARE(m_tree->topLevelItem(m_tree->topLevelItemCount() - 1), inserted);
-    QCOMPARE(m_tree->GetItemText(inserted), KtString(L"new"));
-}
 
 QTEST_MAIN(TestCKtTreeCtrl)
 #include "tst_ckttreectrl.moc"
