@@ -127,485 +127,446 @@ private:
     }
 
 private Q_SLOTS:
-    void lengthPrefix_data();
-    void lengthPrefix();
-    void valuesEncodeAndRoundTrip();
-    void wideLoadsReadAhead();
-    void stringOperators_data();
-    void stringOperators();
-    void readStringLine_data();
-    void readStringLine();
-    void readStringStopsAtTheEnd();
-    void readStringWholeLines_data();
-    void readStringWholeLines();
-    void bufferSizeAndCallerBuffer();
-    void blockTransfersBypassTheBuffer();
-    void flushOfLoadingArchiveGivesBytesBack();
-    void destructorModes_data();
-    void destructorModes();
-    void lentBuffersCarryTheSameBytes_data();
-    void lentBuffersCarryTheSameBytes();
-    void refusedLentBuffers();
-    void wrongDirectionAndDetached();
-};
+    void lengthPrefix_data()
+    {
+        QTest::addColumn<qulonglong>("length");
+        QTest::addColumn<int>("unicode");
+        QTest::addColumn<QByteArray>("bytes");
 
-void tst_CKtArchive::lengthPrefix_data()
-{
-    QTest::addColumn<qulonglong>("length");
-    QTest::addColumn<int>("unicode");
-    QTest::addColumn<QByteArray>("bytes");
-
-    QTest::newRow("300 marked") << 300ull << 1 << hex("fffeffff2c01");
-    QTest::newRow("254") << 254ull << 0 << hex("fe");
-    QTest::newRow("255") << 255ull << 0 << hex("ffff00");
-    QTest::newRow("65533") << 65533ull << 0 << hex("fffdff");
-    QTest::newRow("65534") << 65534ull << 0 << hex("fffffffeff0000");
-    QTest::newRow("2^32-2") << 0xFFFFFFFEull << 0 << hex("fffffffeffffff");
-    QTest::newRow("2^32-1") << 0xFFFFFFFFull << 1 << hex("fffeff ffffffffffffffffffffff 00000000");
-    QTest::newRow("2^40") << (1ull << 40) << 0 << hex("ffffffffffffff0000000000010000");
-}
-
-void tst_CKtArchive::lengthPrefix()
-{
-    QFETCH(qulonglong, length);
-    QFETCH(int, unicode);
-    QFETCH(QByteArray, bytes);
-
-    QCOMPARE(stored([&](CKtArchive& ar) { AfxWriteStringLength_Q(ar, length, unicode); }), bytes);
-    for (bool lending : {false, true}) {
-        Loader l = loader(bytes, lending);
-        int charSize = 0;
-        QCOMPARE(AfxReadStringLength_Q(*l.ar, charSize), length);
-        QCOMPARE(charSize, unicode ? 2 : 1);
+        QTest::newRow("300 marked") << 300ull << 1 << hex("fffeffff2c01");
+        QTest::newRow("254") << 254ull << 0 << hex("fe");
+        QTest::newRow("255") << 255ull << 0 << hex("ffff00");
+        QTest::newRow("65533") << 65533ull << 0 << hex("fffdff");
+        QTest::newRow("65534") << 65534ull << 0 << hex("fffffffeff0000");
+        QTest::newRow("2^32-2") << 0xFFFFFFFEull << 0 << hex("fffffffeffffff");
+        QTest::newRow("2^32-1") << 0xFFFFFFFFull << 1 << hex("fffeff ffffffffffffffffffffff 00000000");
+        QTest::newRow("2^40") << (1ull << 40) << 0 << hex("ffffffffffffff0000000000010000");
     }
-    // operator<< writes the same prefix, without marker, then 4-byte units.
-    if (!unicode && length < 100000) {
-        const std::wstring text(std::size_t(length), L'x');
-        QCOMPARE(stored([&](CKtArchive& ar) { ar << KtString(text.c_str()); }), bytes + wide(text));
-    }
-}
 
-void tst_CKtArchive::valuesEncodeAndRoundTrip()
-{
-    // In order, little-endian, no padding; wchar_t keeps its low 16 bits, long its low 32.
-    const QByteArray one = hex("7f 80 01 3412 00f6 feffffff 78563412 efcdab89 0000c03f 000000000000f8bf "
-                               "0100000000000080 ffffffffffffffff");
-    const Values values(0x7f, -128, true, 0x1234, 0x1F600, -2, 0x12345678u, 0x0123456789abcdefL, 1.5f, -1.5,
-        static_cast<long long>(0x8000000000000001ull), ~0ull);
-    // Enough values to cross the small buffer's end several times; what is loaded
-    // and stored again gives the same bytes (the high halves of wide loads: see wideLoadsReadAhead).
-    auto store
-        = [](CKtArchive& ar, const Values& v) { std::apply([&](const auto&... x) { (ar << ... << x); }, v); };
-    for (const LoadWay& way : loadWays) {
-        const QByteArray bytes = stored(
-            [&](CKtArchive& ar) {
-                for (int i = 0; i < 20; ++i)
-                    store(ar, values);
-            },
-            way.bufferSize);
-        QCOMPARE(bytes.toHex(), one.repeated(20).toHex());
+    void lengthPrefix()
+    {
+        QFETCH(qulonglong, length);
+        QFETCH(int, unicode);
+        QFETCH(QByteArray, bytes);
 
-        Loader l = loader(bytes, way.lending, way.bufferSize);
-        const QByteArray again = stored([&](CKtArchive& out) {
-            for (int i = 0; i < 20; ++i) {
-                Values got;
-                std::apply([&](auto&... x) { (*l.ar >> ... >> x); }, got);
-                store(out, got);
-            }
-        });
-        QCOMPARE(again.toHex(), bytes.toHex());
-    }
-}
-
-void tst_CKtArchive::wideLoadsReadAhead()
-{
-    Loader l = loader(hex("0100000002000000 41004200 02"));
-    long lo = 0;
-    int next = 0;
-    *l.ar >> lo >> next;
-    QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, high half read again below
-    QCOMPARE(next, 2);
-    wchar_t a = 0, b = 0;
-    *l.ar >> a >> b;
-    QCOMPARE(quint32(a), 0x00420041u);
-    QCOMPARE(quint32(b), 0x00020042u);
-    bool flag = false;
-    *l.ar >> flag;
-    QVERIFY(flag); // any non-zero byte
-}
-
-void tst_CKtArchive::stringOperators_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QVector<uint>>("characters");
-    QTest::addColumn<int>("unreadInt");
-
-    QTest::newRow("plain") << hex("0241004200") << QVector<uint>{0x41, 0x42} << 0;
-    QTest::newRow("marker skipped") << hex("fffeff0241004200") << QVector<uint>{0x41, 0x42} << 0;
-    QTest::newRow("written 4-byte units") << hex("024100000042000000") << QVector<uint>{0x41, 0} << 0x42;
-    QTest::newRow("surrogates stay apart") << hex("023dd800de") << QVector<uint>{0xD83D, 0xDE00} << 0;
-    QTest::newRow("16-bit length") << QByteArray(hex("ff0001") + QByteArray(512, 'a'))
-                                   << QVector<uint>(256, 0x6161) << 0;
-    QTest::newRow("64-bit length cut to 32 bits")
-        << hex("ffffffffffffff0100000001000000 4100") << QVector<uint>{0x41} << 0;
-    QTest::newRow("read in pieces") << QByteArray(hex("ff0101") + QByteArray(514, 'c'))
-                                    << QVector<uint>(257, 0x6363) << 0;
-    QTest::newRow("empty") << hex("00") << QVector<uint>{} << 0;
-
-    // Data ending before the announced length leaves the old value.
-    const QVector<uint> old{'o', 'l', 'd'};
-    QTest::newRow("two of five") << hex("0541004200") << old << 0;
-    QTest::newRow("huge 32-bit length") << hex("ffffffffffff7f41004200") << old << 0;
-    QTest::newRow("length wraps when doubled") << hex("ffffff01000080 4100420043004400") << old << 0;
-    QTest::newRow("long but short") << QByteArray(hex("ffa00f") + QByteArray(3000, 'a')) << old << 0;
-    // What the file still holds is an odd number of bytes: pieces stay whole characters.
-    QTest::newRow("odd supply") << QByteArray(hex("ff1027") + QByteArray(5001, 'a')) << old << 0;
-}
-
-void tst_CKtArchive::stringOperators()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QVector<uint>, characters);
-    QFETCH(int, unreadInt);
-
-    for (const LoadWay& way : loadWays) {
-        Loader l = loader(bytes, way.lending, way.bufferSize);
-        KtString text(L"old");
-        int rest = 0;
-        *l.ar >> text >> rest;
-        QCOMPARE(text.length(), characters.size());
-        for (int i = 0; i < characters.size(); ++i)
-            QCOMPARE(uint(text.at(i)), characters.at(i));
-        if (unreadInt)
-            QCOMPARE(rest, unreadInt);
-    }
-}
-
-// Characters are compared and stored as the 4 bytes at the read position while
-// only 2 are consumed, so a value carries the next unit in its high half and a
-// line end is seen only where a 10 or 13 unit is followed by a zero unit.
-void tst_CKtArchive::readStringLine_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("max");
-    QTest::addColumn<bool>("isNull");
-    QTest::addColumn<QVector<uint>>("line");
-    QTest::addColumn<uint>("nextCharacter"); // 0: past the data, not checked
-
-    const QByteArray abcd = hex("41004200430044000a00");
-    const QVector<uint> abcdValues{0x420041, 0x430042, 0x440043, 0x0a0044};
-    QTest::newRow("line") << abcd << 10 << false << abcdValues << 0u;
-    QTest::newRow("line end kept") << abcd << -10 << false << (abcdValues + QVector<uint>{10}) << 0u;
-    QTest::newRow("maximum reached") << abcd << 2 << false << abcdValues.mid(0, 2) << 0x440043u;
-    QTest::newRow("negative maximum reached") << abcd << -3 << false << abcdValues.mid(0, 3) << 0x0a0044u;
-    QTest::newRow("zero maximum") << abcd << 0 << true << QVector<uint>{} << 0x420041u;
-    QTest::newRow("empty line") << hex("0a000000") << 10 << true << QVector<uint>{} << 0u;
-    QTest::newRow("empty line kept") << hex("0a000000") << -10 << false << QVector<uint>{10} << 0u;
-    QTest::newRow("CR before LF unseen")
-        << hex("0d000a000000") << 10 << false << QVector<uint>{0xA000D} << 0u;
-    const QByteArray cr = hex("41000d00000042000a00");
-    QTest::newRow("CR swallows next") << cr << 10 << false << QVector<uint>{0xd0041} << 0xa0042u;
-    QTest::newRow("CR next kept") << cr << -10 << false << QVector<uint>{0xd0041, 0x420000} << 0xa0042u;
-    QTest::newRow("empty file") << QByteArray() << 3 << true << QVector<uint>{} << 0u;
-    QTest::newRow("last line without a line feed")
-        << hex("410000004200") << 10 << false << QVector<uint>{0x41, 0x420000, 0x42} << 0u;
-    QTest::newRow("CR at the end") << hex("41000d00") << -10 << false << QVector<uint>{0xd0041} << 0u;
-}
-
-void tst_CKtArchive::readStringLine()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(int, max);
-    QFETCH(bool, isNull);
-    QFETCH(QVector<uint>, line);
-    QFETCH(uint, nextCharacter);
-
-    Loader l = loader(bytes);
-    std::vector<wchar_t> buffer(std::size_t(std::abs(max)) + 1, L'#');
-    const wchar_t* result = l.ar->ReadString(buffer.data(), unsigned(max));
-    QCOMPARE(result == nullptr, isNull);
-    if (!isNull) {
-        QCOMPARE(result, buffer.data());
-        for (int i = 0; i < line.size(); ++i)
-            QCOMPARE(uint(buffer[std::size_t(i)]), line.at(i));
-        QCOMPARE(buffer[std::size_t(line.size())], L'\0');
-    }
-    wchar_t next = 0;
-    *l.ar >> next;
-    if (nextCharacter)
-        QCOMPARE(uint(next), nextCharacter);
-    QVERIFY(!l.ar->ReadString(nullptr, 10));
-}
-
-void tst_CKtArchive::readStringStopsAtTheEnd()
-{
-    // "ab\ncd" as WriteString writes it, the last line without a line feed: two lines, then nothing.
-    for (const LoadWay& way : loadWays) {
-        for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
-            Loader l = loader(wide(L"ab\ncd"), way.lending, way.bufferSize);
-            wchar_t buffer[64];
-            int lines = 0;
-            while (l.ar->ReadString(buffer, max) && lines < 10)
-                ++lines;
-            QCOMPARE(lines, 2);
+        QCOMPARE(stored([&](CKtArchive& ar) { AfxWriteStringLength_Q(ar, length, unicode); }), bytes);
+        for (bool lending : {false, true}) {
+            Loader l = loader(bytes, lending);
+            int charSize = 0;
+            QCOMPARE(AfxReadStringLength_Q(*l.ar, charSize), length);
+            QCOMPARE(charSize, unicode ? 2 : 1);
+        }
+        // operator<< writes the same prefix, without marker, then 4-byte units.
+        if (!unicode && length < 100000) {
+            const std::wstring text(std::size_t(length), L'x');
+            QCOMPARE(stored([&](CKtArchive& ar) { ar << KtString(text.c_str()); }), bytes + wide(text));
         }
     }
-}
 
-void tst_CKtArchive::readStringWholeLines_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QVector<QVector<uint>>>("lines");
-
-    // The zero unit behind the last line feed is a last, empty line.
-    QTest::newRow("two lines") << wide(
-        L"ab\nc\n") << QVector<QVector<uint>>{{0x61, 0x620000, 0x62, 0xa0000}, {0x630000, 0x63, 0xa0000}, {}};
-    // The trailing zero unit reads as a terminator, which ends the stored text.
-    QTest::newRow("no final line feed") << wide(L"ab") << QVector<QVector<uint>>{{0x61, 0x620000, 0x62}};
-    const std::wstring longLine(200, L'x');
-    QTest::newRow("longer than a part")
-        << wide(longLine + L"\n") << QVector<QVector<uint>>{readBackValues(longLine), {}};
-    // The line end in every lane of the eight-character blocks read at once.
-    for (int n = 1; n <= 12; ++n) {
-        const std::wstring line(std::size_t(n), L'y');
-        QTest::addRow("%d characters", n)
-            << wide(line + L"\n") << QVector<QVector<uint>>{readBackValues(line), {}};
-    }
-    // A NUL ends the text; what follows up to the line feed is read and dropped.
-    const std::wstring beforeNul = L"abcdefghijklmnopq";
-    QTest::newRow("NUL inside") << wide(beforeNul + std::wstring(1, L'\0') + L"rst\nu\n")
-                                << QVector<QVector<uint>>{
-                                       readBackValues(beforeNul).mid(0, 33), {0x750000, 0x75, 0xa0000}, {}};
-    const std::wstring part(64, L'p'); // 128 values, the last one being 0xa0000
-    QTest::newRow("exactly a part") << wide(part + L"\n") << QVector<QVector<uint>>{readBackValues(part), {}};
-    const QString utf16 = QStringLiteral("one\ntwo\n");
-    QTest::newRow("2-byte text is one line")
-        << QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2)
-        << QVector<QVector<uint>>{{0x6e006f, 0x65006e, 0x0a0065, 0x74000a, 0x770074, 0x6f0077, 0x0a006f}};
-    QTest::newRow("empty") << QByteArray() << QVector<QVector<uint>>{};
-}
-
-void tst_CKtArchive::readStringWholeLines()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QVector<QVector<uint>>, lines);
-
-    // A buffer larger than the text: at a buffer's end the high half of a
-    // character would come from behind the data (see valuesEncodeAndRoundTrip).
-    for (bool lending : {false, true}) {
-        Loader l = loader(bytes, lending, 4096);
-        QVector<QVector<uint>> got;
-        KtString line(L"before");
-        while (l.ar->ReadString(line) && got.size() <= lines.size())
-            got << QVector<uint>(line.c_str(), line.c_str() + line.length());
-        QCOMPARE(got, lines);
-        QVERIFY(line.isEmpty());
-    }
-}
-
-void tst_CKtArchive::bufferSizeAndCallerBuffer()
-{
-    // Below 128 bytes the caller's buffer is ignored and 128 bytes are allocated.
-    QByteArray small(100, '\xAA');
-    const QByteArray smallOut = stored(
-        [&](CKtArchive& ar) {
-            ar.Write(QByteArray(127, 'a').constData(), 127);
-            ar << static_cast<unsigned char>('b') << static_cast<unsigned char>('c');
-            QCOMPARE(small, QByteArray(100, '\xAA'));
-        },
-        100, small.data());
-    QCOMPARE(smallOut, QByteArray(127, 'a') + "bc");
-
-    // From 128 up it is used as is, and never freed (it lives on the stack here).
-    unsigned char caller[4096] = {};
-    RecordingFile file(newPath().toStdWString().c_str(), 1);
+    void valuesEncodeAndRoundTrip()
     {
-        CKtArchive ar(&file, 0, sizeof caller, caller);
-        ar << 0x11223344;
-        QCOMPARE(caller[0], 0x44);
-        ar.Write(QByteArray(4092, 'x').constData(), 4092);
-        QVERIFY(file.writes.empty());
-        ar << 'y';
-        QCOMPARE(file.writes, Counts({4096}));
-        ar.Abort();
-    }
-    QCOMPARE(file.writes, Counts({4096})); // the aborted archive lost the buffered 'y'
-}
+        // In order, little-endian, no padding; wchar_t keeps its low 16 bits, long its low 32.
+        const QByteArray one = hex("7f 80 01 3412 00f6 feffffff 78563412 efcdab89 0000c03f 000000000000f8bf "
+                                   "0100000000000080 ffffffffffffffff");
+        const Values values(0x7f, -128, true, 0x1234, 0x1F600, -2, 0x12345678u, 0x0123456789abcdefL, 1.5f,
+            -1.5, static_cast<long long>(0x8000000000000001ull), ~0ull);
+        // Enough values to cross the small buffer's end several times; what is loaded
+        // and stored again gives the same bytes (the high halves of wide loads: see wideLoadsReadAhead).
+        auto store = [](CKtArchive& ar, const Values& v) {
+            std::apply([&](const auto&... x) { (ar << ... << x); }, v);
+        };
+        for (const LoadWay& way : loadWays) {
+            const QByteArray bytes = stored(
+                [&](CKtArchive& ar) {
+                    for (int i = 0; i < 20; ++i)
+                        store(ar, values);
+                },
+                way.bufferSize);
+            QCOMPARE(bytes.toHex(), one.repeated(20).toHex());
 
-void tst_CKtArchive::blockTransfersBypassTheBuffer()
-{
-    const QByteArray content = ramp(12000, 7);
-    {
-        RecordingFile file(fileWith(content).toStdWString().c_str(), 0);
-        CKtArchive ar(&file, 1, 4096);
-        QByteArray got(10000, '\0');
-        QCOMPARE(ar.Read(got.data(), 10000), 10000u);
-        QCOMPARE(file.reads, Counts({8192, 4096}));
-        QCOMPARE(got, content.left(10000));
-        QCOMPARE(ar.Read(got.data(), 0), 0u);
-        QCOMPARE(ar.Read(nullptr, 10), 0u);
-        QCOMPARE(ar.Read(got.data(), 5000), 2000u); // the file ends
-        QCOMPARE(got.left(2000), content.mid(10000));
+            Loader l = loader(bytes, way.lending, way.bufferSize);
+            const QByteArray again = stored([&](CKtArchive& out) {
+                for (int i = 0; i < 20; ++i) {
+                    Values got;
+                    std::apply([&](auto&... x) { (*l.ar >> ... >> x); }, got);
+                    store(out, got);
+                }
+            });
+            QCOMPARE(again.toHex(), bytes.toHex());
+        }
     }
+
+    void wideLoadsReadAhead()
     {
+        Loader l = loader(hex("0100000002000000 41004200 02"));
+        long lo = 0;
+        int next = 0;
+        *l.ar >> lo >> next;
+        QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, high half read again below
+        QCOMPARE(next, 2);
+        wchar_t a = 0, b = 0;
+        *l.ar >> a >> b;
+        QCOMPARE(quint32(a), 0x00420041u);
+        QCOMPARE(quint32(b), 0x00020042u);
+        bool flag = false;
+        *l.ar >> flag;
+        QVERIFY(flag); // any non-zero byte
+    }
+
+    void stringOperators_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QVector<uint>>("characters");
+        QTest::addColumn<int>("unreadInt");
+
+        // The prefix is AfxReadStringLength_Q's (see lengthPrefix); 256 characters still fit the
+        // reader's own array, 257 are read in pieces.
+        // clang-format off
+        QTest::newRow("written 4-byte units") << hex("024100000042000000") << QVector<uint>{0x41, 0} << 0x42;
+        QTest::newRow("surrogates stay apart") << hex("023dd800de") << QVector<uint>{0xD83D, 0xDE00} << 0;
+        QTest::newRow("256 characters") << QByteArray(hex("ff0001") + QByteArray(512, 'a')) << QVector<uint>(256, 0x6161) << 0;
+        QTest::newRow("257 characters") << QByteArray(hex("ff0101") + QByteArray(514, 'c')) << QVector<uint>(257, 0x6363) << 0;
+        QTest::newRow("64-bit length cut to 32 bits") << hex("ffffffffffffff0100000001000000 4100") << QVector<uint>{0x41} << 0;
+        QTest::newRow("empty") << hex("00") << QVector<uint>{} << 0;
+
+        // Data ending before the announced length leaves the old value.
+        const QVector<uint> old{'o', 'l', 'd'};
+        QTest::newRow("two of five") << hex("0541004200") << old << 0;
+        QTest::newRow("huge 32-bit length") << hex("ffffffffffff7f41004200") << old << 0;
+        QTest::newRow("length wraps when doubled") << hex("ffffff01000080 4100420043004400") << old << 0;
+        QTest::newRow("long but short") << QByteArray(hex("ffa00f") + QByteArray(3000, 'a')) << old << 0;
+        // What the file still holds is an odd number of bytes: pieces stay whole characters.
+        QTest::newRow("odd supply") << QByteArray(hex("ff1027") + QByteArray(5001, 'a')) << old << 0;
+        // clang-format on
+    }
+
+    void stringOperators()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QVector<uint>, characters);
+        QFETCH(int, unreadInt);
+
+        for (const LoadWay& way : loadWays) {
+            Loader l = loader(bytes, way.lending, way.bufferSize);
+            KtString text(L"old");
+            int rest = 0;
+            *l.ar >> text >> rest;
+            QCOMPARE(text.length(), characters.size());
+            for (int i = 0; i < characters.size(); ++i)
+                QCOMPARE(uint(text.at(i)), characters.at(i));
+            if (unreadInt)
+                QCOMPARE(rest, unreadInt);
+        }
+    }
+
+    // Characters are compared and stored as the 4 bytes at the read position while
+    // only 2 are consumed, so a value carries the next unit in its high half and a
+    // line end is seen only where a 10 or 13 unit is followed by a zero unit.
+    void readStringLine_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("max");
+        QTest::addColumn<bool>("isNull");
+        QTest::addColumn<QVector<uint>>("line");
+        QTest::addColumn<uint>("nextCharacter"); // 0: past the data, not checked
+
+        const QByteArray abcd = hex("41004200430044000a00"), cr = hex("41000d00000042000a00");
+        const QVector<uint> abcdValues{0x420041, 0x430042, 0x440043, 0x0a0044};
+        // clang-format off
+        QTest::newRow("line") << abcd << 10 << false << abcdValues << 0u;
+        QTest::newRow("line end kept") << abcd << -10 << false << (abcdValues + QVector<uint>{10}) << 0u;
+        QTest::newRow("maximum reached") << abcd << 2 << false << abcdValues.mid(0, 2) << 0x440043u;
+        QTest::newRow("negative maximum reached") << abcd << -3 << false << abcdValues.mid(0, 3) << 0x0a0044u;
+        QTest::newRow("zero maximum") << abcd << 0 << true << QVector<uint>{} << 0x420041u;
+        QTest::newRow("empty line") << hex("0a000000") << 10 << true << QVector<uint>{} << 0u;
+        QTest::newRow("empty line kept") << hex("0a000000") << -10 << false << QVector<uint>{10} << 0u;
+        QTest::newRow("CR before LF unseen") << hex("0d000a000000") << 10 << false << QVector<uint>{0xA000D} << 0u;
+        QTest::newRow("CR swallows next") << cr << 10 << false << QVector<uint>{0xd0041} << 0xa0042u;
+        QTest::newRow("CR next kept") << cr << -10 << false << QVector<uint>{0xd0041, 0x420000} << 0xa0042u;
+        QTest::newRow("CR at the end") << hex("41000d00") << -10 << false << QVector<uint>{0xd0041} << 0u;
+        // clang-format on
+    }
+
+    void readStringLine()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, max);
+        QFETCH(bool, isNull);
+        QFETCH(QVector<uint>, line);
+        QFETCH(uint, nextCharacter);
+
+        Loader l = loader(bytes);
+        std::vector<wchar_t> buffer(std::size_t(std::abs(max)) + 1, L'#');
+        const wchar_t* result = l.ar->ReadString(buffer.data(), unsigned(max));
+        QCOMPARE(result == nullptr, isNull);
+        if (!isNull) {
+            QCOMPARE(result, buffer.data());
+            for (int i = 0; i < line.size(); ++i)
+                QCOMPARE(uint(buffer[std::size_t(i)]), line.at(i));
+            QCOMPARE(buffer[std::size_t(line.size())], L'\0');
+        }
+        wchar_t next = 0;
+        *l.ar >> next;
+        if (nextCharacter)
+            QCOMPARE(uint(next), nextCharacter);
+        QVERIFY(!l.ar->ReadString(nullptr, 10));
+    }
+
+    void readStringStopsAtTheEnd()
+    {
+        // "ab\ncd" as WriteString writes it, the last line without a line feed: two lines, then nothing.
+        for (const LoadWay& way : loadWays) {
+            for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
+                Loader l = loader(wide(L"ab\ncd"), way.lending, way.bufferSize);
+                wchar_t buffer[64];
+                int lines = 0;
+                while (l.ar->ReadString(buffer, max) && lines < 10)
+                    ++lines;
+                QCOMPARE(lines, 2);
+            }
+        }
+    }
+
+    void readStringWholeLines_data()
+    {
+        using Lines = QVector<QVector<uint>>;
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<Lines>("lines");
+
+        const std::wstring longLine(200, L'x'), part(64, L'p'), beforeNul = L"abcdefghijklmnopq";
+        const QString utf16 = QStringLiteral("one\ntwo\n");
+        // clang-format off
+        // The zero unit behind the last line feed is a last, empty line.
+        QTest::newRow("two lines") << wide(L"ab\nc\n") << Lines{{0x61, 0x620000, 0x62, 0xa0000}, {0x630000, 0x63, 0xa0000}, {}};
+        // The trailing zero unit reads as a terminator, which ends the stored text.
+        QTest::newRow("no final line feed") << wide(L"ab") << Lines{{0x61, 0x620000, 0x62}};
+        QTest::newRow("longer than a part") << wide(longLine + L"\n") << Lines{readBackValues(longLine), {}};
+        // 128 values, the last one being 0xa0000.
+        QTest::newRow("exactly a part") << wide(part + L"\n") << Lines{readBackValues(part), {}};
+        // A NUL ends the text; what follows up to the line feed is read and dropped.
+        QTest::newRow("NUL inside") << wide(beforeNul + std::wstring(1, L'\0') + L"rst\nu\n") << Lines{readBackValues(beforeNul).mid(0, 33), {0x750000, 0x75, 0xa0000}, {}};
+        QTest::newRow("2-byte text is one line") << QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2) << Lines{{0x6e006f, 0x65006e, 0x0a0065, 0x74000a, 0x770074, 0x6f0077, 0x0a006f}};
+        QTest::newRow("empty") << QByteArray() << Lines{};
+        // The line end in every lane of the eight-character blocks read at once.
+        for (int n = 1; n <= 12; ++n) {
+            const std::wstring line(std::size_t(n), L'y');
+            QTest::addRow("%d characters", n) << wide(line + L"\n") << Lines{readBackValues(line), {}};
+        }
+        // clang-format on
+    }
+
+    void readStringWholeLines()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QVector<QVector<uint>>, lines);
+
+        // A buffer larger than the text: at a buffer's end the high half of a
+        // character would come from behind the data (see valuesEncodeAndRoundTrip).
+        for (bool lending : {false, true}) {
+            Loader l = loader(bytes, lending, 4096);
+            QVector<QVector<uint>> got;
+            KtString line(L"before");
+            while (l.ar->ReadString(line) && got.size() <= lines.size())
+                got << QVector<uint>(line.c_str(), line.c_str() + line.length());
+            QCOMPARE(got, lines);
+            QVERIFY(line.isEmpty());
+        }
+    }
+
+    void bufferSizeAndCallerBuffer()
+    {
+        // Below 128 bytes the caller's buffer is ignored and 128 bytes are allocated.
+        QByteArray small(100, '\xAA');
+        const QByteArray smallOut = stored(
+            [&](CKtArchive& ar) {
+                ar.Write(QByteArray(127, 'a').constData(), 127);
+                ar << static_cast<unsigned char>('b') << static_cast<unsigned char>('c');
+                QCOMPARE(small, QByteArray(100, '\xAA'));
+            },
+            100, small.data());
+        QCOMPARE(smallOut, QByteArray(127, 'a') + "bc");
+
+        // From 128 up it is used as is, and never freed (it lives on the stack here).
+        unsigned char caller[4096] = {};
         RecordingFile file(newPath().toStdWString().c_str(), 1);
+        {
+            CKtArchive ar(&file, 0, sizeof caller, caller);
+            ar << 0x11223344;
+            QCOMPARE(caller[0], 0x44);
+            ar.Write(QByteArray(4092, 'x').constData(), 4092);
+            QVERIFY(file.writes.empty());
+            ar << 'y';
+            QCOMPARE(file.writes, Counts({4096}));
+            ar.Abort();
+        }
+        QCOMPARE(file.writes, Counts({4096})); // the aborted archive lost the buffered 'y'
+    }
+
+    void blockTransfersBypassTheBuffer()
+    {
+        const QByteArray content = ramp(12000, 7);
+        {
+            RecordingFile file(fileWith(content).toStdWString().c_str(), 0);
+            CKtArchive ar(&file, 1, 4096);
+            QByteArray got(10000, '\0');
+            QCOMPARE(ar.Read(got.data(), 10000), 10000u);
+            QCOMPARE(file.reads, Counts({8192, 4096}));
+            QCOMPARE(got, content.left(10000));
+            QCOMPARE(ar.Read(got.data(), 0), 0u);
+            QCOMPARE(ar.Read(nullptr, 10), 0u);
+            QCOMPARE(ar.Read(got.data(), 5000), 2000u); // the file ends
+            QCOMPARE(got.left(2000), content.mid(10000));
+        }
+        {
+            RecordingFile file(newPath().toStdWString().c_str(), 1);
+            CKtArchive ar(&file, 0, 128);
+            ar.Write(content.constData(), 300);
+            QCOMPARE(file.writes, Counts({128, 128}));
+            ar.Flush();
+            QCOMPARE(file.writes, Counts({128, 128, 44}));
+            ar.Write(content.constData(), 0);
+            ar.Write(nullptr, 10);
+            QCOMPARE(file.writes.size(), std::size_t(3));
+            ar.Write(content.constData() + 300, 128); // fills the empty buffer, no direct write
+            QCOMPARE(file.writes.size(), std::size_t(3));
+            ar.Close();
+            QCOMPARE(file.writes, Counts({128, 128, 44, 128}));
+            file.close();
+            file.open(QIODevice::ReadOnly);
+            QCOMPARE(file.readAll(), content.left(428));
+        }
+    }
+
+    void destructorModes_data()
+    {
+        QTest::addColumn<uint>("mode");
+        QTest::addColumn<qulonglong>("filePosition");
+        QTest::newRow("0 storing, flushed") << 0u << 3ull;
+        QTest::newRow("1 loading, bytes given back") << 1u << 3ull;
+        QTest::newRow("2 storing, bytes lost") << 2u << 0ull;
+        QTest::newRow("3 loading, file left behind the buffer") << 3u << 5ull;
+    }
+
+    void destructorModes()
+    {
+        QFETCH(uint, mode);
+        QFETCH(qulonglong, filePosition);
+
+        const bool loading = mode & 1;
+        const QString path = loading ? fileWith(QByteArray(5, 'r')) : newPath();
+        CKtFile file(path.toStdWString().c_str(), loading ? 0 : 1);
+        {
+            CKtArchive ar(&file, mode, 4096);
+            unsigned char bytes[3] = {1, 2, 3};
+            if (loading)
+                ar.Read(bytes, 3);
+            else
+                ar.Write(bytes, 3);
+            if (mode == 1) // a loading flush gives the unread bytes back once: the destructor's finds none
+                ar.Flush();
+        }
+        QCOMPARE(file.GetPosition(), filePosition);
+        QVERIFY(file.isOpen()); // the archive never closes its file
+    }
+
+    void lentBuffersCarryTheSameBytes_data()
+    {
+        QTest::addColumn<uint>("capabilities");
+        QTest::newRow("direct") << 1u;
+        QTest::newRow("direct, blocking") << 3u;
+        QTest::newRow("blocking only") << 2u;
+    }
+
+    void lentBuffersCarryTheSameBytes()
+    {
+        QFETCH(uint, capabilities);
+
+        const QByteArray block = ramp(1000);
+        auto fill = [&](CKtArchive& ar) {
+            ar << 7 << KtString(L"lent");
+            ar.Write(block.constData(), block.size());
+            ar << 2.5;
+            ar.WriteString(L"tail\n");
+        };
+        const QByteArray expected = stored(fill, 128);
+
+        MemoryLendingFile out(QByteArray(), capabilities);
+        {
+            CKtArchive ar(&out, 0, 128);
+            fill(ar);
+        }
+        QCOMPARE(out.content().toHex(), expected.toHex());
+        QCOMPARE(out.commands[1] > 0, bool(capabilities & 1));
+
+        MemoryLendingFile in(expected, capabilities);
+        CKtArchive ar(&in, 1, 128);
+        int seven = 0;
+        ar >> seven;
+        QCOMPARE(seven, 7);
+        QByteArray got(17 + block.size(), '\0'); // the string, then the block
+        QCOMPARE(ar.Read(got.data(), unsigned(got.size())), unsigned(got.size()));
+        QCOMPARE(got, expected.mid(4, got.size()));
+        double d = 0;
+        ar >> d;
+        QCOMPARE(d, 2.5);
+        QCOMPARE(in.commands[0] > 0, bool(capabilities & 1));
+        QCOMPARE(in.commands[3], 2); // capabilities asked twice, once for blocking and once for direct
+    }
+
+    void refusedLentBuffers()
+    {
+        const QByteArray block = ramp(300);
+        // Every write buffer refused: typed values are dropped, whole buffers still
+        // go straight to the file.
+        MemoryLendingFile out;
+        out.lengthSkew = -1;
+        {
+            CKtArchive ar(&out, 0, 128);
+            ar << 1 << 2.0;
+            ar.Write(block.constData(), 300);
+            ar << KtString(L"dropped");
+        }
+        QCOMPARE(out.content(), block.left(256));
+
+        // A refused read buffer ends Read with 0, even after a direct transfer.
+        MemoryLendingFile in(block);
+        in.lengthSkew = 1;
+        CKtArchive ar(&in, 1, 128);
+        QByteArray got(200, '\0');
+        QCOMPARE(ar.Read(got.data(), 200), 0u);
+        QCOMPARE(got.left(128), block.left(128));
+        int untouched = 7;
+        ar >> untouched;
+        QCOMPARE(untouched, 7);
+    }
+
+    void wrongDirectionAndDetached()
+    {
+        Loader l = loader(hex("2a000000"));
+        *l.ar << 5; // nothing on a loading archive
+        KtString text(L"same");
+        int n = 0;
+        *l.ar >> n;
+        QCOMPARE(n, 42);
+
+        CKtFile file(newPath().toStdWString().c_str(), 1);
         CKtArchive ar(&file, 0, 128);
-        ar.Write(content.constData(), 300);
-        QCOMPARE(file.writes, Counts({128, 128}));
-        ar.Flush();
-        QCOMPARE(file.writes, Counts({128, 128, 44}));
-        ar.Write(content.constData(), 0);
-        ar.Write(nullptr, 10);
-        QCOMPARE(file.writes.size(), std::size_t(3));
-        ar.Write(content.constData() + 300, 128); // fills the empty buffer, no direct write
-        QCOMPARE(file.writes.size(), std::size_t(3));
+        ar >> n >> text;
+        QCOMPARE(n, 42);
+        QCOMPARE(text, KtString(L"same"));
+        wchar_t line[4];
+        QVERIFY(!ar.ReadString(line, 3));
+        QCOMPARE(ar.Read(line, 4), 0u);
         ar.Close();
-        QCOMPARE(file.writes, Counts({128, 128, 44, 128}));
-        file.close();
-        file.open(QIODevice::ReadOnly);
-        QCOMPARE(file.readAll(), content.left(428));
+        ar.Close();
+        ar << 1 << KtString(L"after close");
+        ar.Flush();
+        ar.Abort();
+        ar.Abort();
+        ar << 1; // the buffer is gone: nothing is written anywhere
+        QCOMPARE(file.GetLength(), 0ull);
     }
-}
-
-void tst_CKtArchive::flushOfLoadingArchiveGivesBytesBack()
-{
-    Loader l = loader(QByteArray(20, 'z'));
-    unsigned char head[15];
-    QCOMPARE(l.ar->Read(head, 15), 15u);
-    QCOMPARE(l.file->GetPosition(), 20ull);
-    l.ar->Flush();
-    QCOMPARE(l.file->GetPosition(), 15ull);
-    l.ar->Flush();
-    QCOMPARE(l.file->GetPosition(), 15ull);
-}
-
-void tst_CKtArchive::destructorModes_data()
-{
-    QTest::addColumn<uint>("mode");
-    QTest::addColumn<qulonglong>("filePosition");
-    QTest::newRow("0 storing, flushed") << 0u << 3ull;
-    QTest::newRow("1 loading, bytes given back") << 1u << 3ull;
-    QTest::newRow("2 storing, bytes lost") << 2u << 0ull;
-    QTest::newRow("3 loading, file left behind the buffer") << 3u << 10ull;
-}
-
-void tst_CKtArchive::destructorModes()
-{
-    QFETCH(uint, mode);
-    QFETCH(qulonglong, filePosition);
-
-    const bool loading = mode & 1;
-    const QString path = loading ? fileWith(QByteArray(10, 'r')) : newPath();
-    CKtFile file(path.toStdWString().c_str(), loading ? 0 : 1);
-    {
-        CKtArchive ar(&file, mode, 4096);
-        unsigned char bytes[3] = {1, 2, 3};
-        if (loading)
-            ar.Read(bytes, 3);
-        else
-            ar.Write(bytes, 3);
-    }
-    QCOMPARE(file.GetPosition(), filePosition);
-    QVERIFY(file.isOpen()); // the archive never closes its file
-}
-
-void tst_CKtArchive::lentBuffersCarryTheSameBytes_data()
-{
-    QTest::addColumn<uint>("capabilities");
-    QTest::newRow("direct") << 1u;
-    QTest::newRow("direct, blocking") << 3u;
-    QTest::newRow("blocking only") << 2u;
-}
-
-void tst_CKtArchive::lentBuffersCarryTheSameBytes()
-{
-    QFETCH(uint, capabilities);
-
-    const QByteArray block = ramp(1000);
-    auto fill = [&](CKtArchive& ar) {
-        ar << 7 << KtString(L"lent");
-        ar.Write(block.constData(), block.size());
-        ar << 2.5;
-        ar.WriteString(L"tail\n");
-    };
-    const QByteArray expected = stored(fill, 128);
-
-    MemoryLendingFile out(QByteArray(), capabilities);
-    {
-        CKtArchive ar(&out, 0, 128);
-        fill(ar);
-    }
-    QCOMPARE(out.content().toHex(), expected.toHex());
-    QCOMPARE(out.commands[1] > 0, bool(capabilities & 1));
-
-    MemoryLendingFile in(expected, capabilities);
-    CKtArchive ar(&in, 1, 128);
-    int seven = 0;
-    ar >> seven;
-    QCOMPARE(seven, 7);
-    QByteArray got(17 + block.size(), '\0'); // the string, then the block
-    QCOMPARE(ar.Read(got.data(), unsigned(got.size())), unsigned(got.size()));
-    QCOMPARE(got, expected.mid(4, got.size()));
-    double d = 0;
-    ar >> d;
-    QCOMPARE(d, 2.5);
-    QCOMPARE(in.commands[0] > 0, bool(capabilities & 1));
-    QCOMPARE(in.commands[3], 2); // capabilities asked twice, once for blocking and once for direct
-}
-
-void tst_CKtArchive::refusedLentBuffers()
-{
-    const QByteArray block = ramp(300);
-    // Every write buffer refused: typed values are dropped, whole buffers still
-    // go straight to the file.
-    MemoryLendingFile out;
-    out.lengthSkew = -1;
-    {
-        CKtArchive ar(&out, 0, 128);
-        ar << 1 << 2.0;
-        ar.Write(block.constData(), 300);
-        ar << KtString(L"dropped");
-    }
-    QCOMPARE(out.content(), block.left(256));
-
-    // A refused read buffer ends Read with 0, even after a direct transfer.
-    MemoryLendingFile in(block);
-    in.lengthSkew = 1;
-    CKtArchive ar(&in, 1, 128);
-    QByteArray got(200, '\0');
-    QCOMPARE(ar.Read(got.data(), 200), 0u);
-    QCOMPARE(got.left(128), block.left(128));
-    int untouched = 7;
-    ar >> untouched;
-    QCOMPARE(untouched, 7);
-}
-
-void tst_CKtArchive::wrongDirectionAndDetached()
-{
-    Loader l = loader(hex("2a000000"));
-    *l.ar << 5; // nothing on a loading archive
-    KtString text(L"same");
-    int n = 0;
-    *l.ar >> n;
-    QCOMPARE(n, 42);
-
-    CKtFile file(newPath().toStdWString().c_str(), 1);
-    CKtArchive ar(&file, 0, 128);
-    ar >> n >> text;
-    QCOMPARE(n, 42);
-    QCOMPARE(text, KtString(L"same"));
-    wchar_t line[4];
-    QVERIFY(!ar.ReadString(line, 3));
-    QCOMPARE(ar.Read(line, 4), 0u);
-    ar.Close();
-    ar.Close();
-    ar << 1 << KtString(L"after close");
-    ar.Flush();
-    ar.Abort();
-    ar.Abort();
-    ar << 1; // the buffer is gone: nothing is written anywhere
-    QCOMPARE(file.GetLength(), 0ull);
-}
+};
 
 QTEST_GUILESS_MAIN(tst_CKtArchive)
 #include "tst_cktarchive.moc"
