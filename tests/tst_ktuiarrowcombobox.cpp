@@ -73,336 +73,271 @@ class KtUiArrowComboBoxTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void freshCombo();
-    void descByBlockName_data();
-    void descByBlockName();
-    void selectStringIgnoresCase();
-    void chosenBlocksKeepSixNewestFirst();
-    void blockNameOfCurrentText();
-    void standardRowCreatesItsBlockOnce();
-    void generatedBlocks_data();
-    void generatedBlocks();
-    void generatedProperties();
-    void outOfRangeRowsCreateNothing_data();
-    void outOfRangeRowsCreateNothing();
-    void blockArrayFilter_data();
-    void blockArrayFilter();
-    void userArrowChosen();
-    void userArrowCancelled();
-    void blockTableUnavailable();
-    void refusedRecordIsDeleted();
-};
-
-void KtUiArrowComboBoxTest::freshCombo()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    QCOMPARE(combo.count(), 21);
-    QCOMPARE(combo.maxVisibleItems(), 28);
-    QCOMPARE(combo.itemText(0), QStringLiteral("实心闭合"));
-    QCOMPARE(combo.itemText(8), QStringLiteral("指示原点 2"));
-    QCOMPARE(combo.itemText(20), QStringLiteral("用户箭头..."));
-    const int data[20] = {0, 15, 9, 1, 19, 12, 6, 4, 5, 7, 8, 2, 3, 10, 14, 13, 17, 16, 19, 11};
-    for (int row = 0; row < 20; ++row) {
-        QCOMPARE(combo.itemData(row), QVariant(data[row]));
-        QVERIFY2(!iconImage(combo, row, QSize(16, 16)).isNull(), qPrintable(combo.itemText(row)));
+    void freshCombo()
+    {
+        FreshDrawing drawing;
+        KtUiArrowComboBox combo;
+        QCOMPARE(combo.count(), 21);
+        QCOMPARE(combo.maxVisibleItems(), 28);
+        QCOMPARE(combo.itemText(0), QStringLiteral("实心闭合"));
+        QCOMPARE(combo.itemText(8), QStringLiteral("指示原点 2"));
+        QCOMPARE(combo.itemText(20), QStringLiteral("用户箭头..."));
+        const int data[20] = {0, 15, 9, 1, 19, 12, 6, 4, 5, 7, 8, 2, 3, 10, 14, 13, 17, 16, 19, 11};
+        for (int row = 0; row < 20; ++row) {
+            QCOMPARE(combo.itemData(row), QVariant(data[row]));
+            QVERIFY2(!iconImage(combo, row, QSize(16, 16)).isNull(), qPrintable(combo.itemText(row)));
+        }
+        QVERIFY(!combo.itemData(20).isValid());
+        QVERIFY(isTransparent(iconImage(combo, 20, QSize(14, 14))));
+        QCOMPARE(combo.currentArrowIndex(), 0);
+        QVERIFY(combo.currentArrowId().isNull());
+        QCOMPARE(blockCount(drawing.db()), 2); // building the combo makes no block
     }
-    QVERIFY(!combo.itemData(20).isValid());
-    QVERIFY(isTransparent(iconImage(combo, 20, QSize(14, 14))));
-    QCOMPARE(combo.currentArrowIndex(), 0);
-    QVERIFY(combo.currentArrowId().isNull());
-    QCOMPARE(blockCount(drawing.db()), 2); // building the combo makes no block
-}
 
-void KtUiArrowComboBoxTest::descByBlockName_data()
-{
-    QTest::addColumn<QString>("blockName");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty is closed filled") << QString() << QStringLiteral("实心闭合");
-    QTest::newRow("lower case") << QStringLiteral("_closedblank") << QStringLiteral("空心闭合");
-    QTest::newRow("origin2 not origin") << QStringLiteral("_ORIGIN2") << QStringLiteral("指示原点 2");
-    QTest::newRow("unknown") << QStringLiteral("_Nonesuch") << QString();
-}
+    void lookupsByBlockName()
+    {
+        FreshDrawing drawing;
+        KtUiArrowComboBox combo;
+        // Names match whatever their case; the empty name is closed filled's.
+        const std::pair<QString, QString> descriptions[]
+            = {{QString(), QStringLiteral("实心闭合")}, {"_closedblank", QStringLiteral("空心闭合")},
+                {"_ORIGIN2", QStringLiteral("指示原点 2")}, {"_Nonesuch", QString()}};
+        for (const auto& [blockName, text] : descriptions)
+            QCOMPARE(combo.getArrowDescByBlockName(blockName), text);
+        QCOMPARE(combo.SelectString(99, QStringLiteral("_dot")), 3);
+        QCOMPARE(combo.currentIndex(), 3);
+        QCOMPARE(combo.findItemByArrowBlockName(QString()), -1);
+        QCOMPARE(combo.SelectString(0, QString()), 0);
+        QCOMPARE(combo.currentIndex(), 0);
+        QCOMPARE(combo.count(), 21);
 
-void KtUiArrowComboBoxTest::descByBlockName()
-{
-    QFETCH(QString, blockName);
-    QFETCH(QString, text);
-    KtUiArrowComboBox combo;
-    QCOMPARE(combo.getArrowDescByBlockName(blockName), text);
-}
+        QVERIFY(combo.getCurArrowBlockName().isEmpty()); // closed filled
+        combo.setCurrentIndex(16);
+        QCOMPARE(combo.getCurArrowBlockName(), QStringLiteral("_DATUMBLANK"));
+        combo.addItemWithoutIcon(QStringLiteral("MyArrow"));
+        QCOMPARE(combo.currentIndex(), 0);
+        QCOMPARE(combo.getCurArrowBlockName(), QStringLiteral("MyArrow"));
+    }
 
-void KtUiArrowComboBoxTest::selectStringIgnoresCase()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    QCOMPARE(combo.SelectString(99, QStringLiteral("_dot")), 3);
-    QCOMPARE(combo.currentIndex(), 3);
-    QCOMPARE(combo.findItemByArrowBlockName(QString()), -1);
-    QCOMPARE(combo.SelectString(0, QString()), 0);
-    QCOMPARE(combo.currentIndex(), 0);
-    QCOMPARE(combo.count(), 21);
-}
+    void chosenBlocksKeepSixNewestFirst()
+    {
+        FreshDrawing drawing;
+        KtUiArrowComboBox combo;
+        const QStringList names{"b1", "b2", "b3", "b4", "b5", "b6", "b7"};
+        QList<int> results;
+        for (const QString& name : names)
+            results << combo.findItemByArrowBlockName(name);
+        // The result is the list's size less one, not the new block's item (always 0).
+        QCOMPARE(results, (QList<int>{0, 1, 2, 3, 4, 5, 5}));
+        QCOMPARE(combo.chosenBlocks().size(), 6);
+        QCOMPARE(combo.chosenBlocks().first().name, QStringLiteral("b7"));
+        QCOMPARE(combo.chosenBlocks().last().blockName, QStringLiteral("B2"));
+        QCOMPARE(combo.count(), 6 + 1 + 21);
+        QCOMPARE(combo.itemText(0), QStringLiteral("b7"));
+        QVERIFY(!combo.itemData(0).isValid());
+        QCOMPARE(combo.itemData(6, Qt::AccessibleDescriptionRole).toString(), QStringLiteral("separator"));
+        QCOMPARE(combo.itemText(7), QStringLiteral("实心闭合"));
+        QCOMPARE(combo.findItemByArrowBlockName(QStringLiteral("B5")), 2); // found by upper-case key
+        QCOMPARE(combo.findItemByArrowBlockName(QStringLiteral("_Open")), 6); // the row, not the item
+    }
 
-void KtUiArrowComboBoxTest::chosenBlocksKeepSixNewestFirst()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    const QStringList names{"b1", "b2", "b3", "b4", "b5", "b6", "b7"};
-    QList<int> results;
-    for (const QString& name : names)
-        results << combo.findItemByArrowBlockName(name);
-    // The result is the list's size less one, not the new block's item (always 0).
-    QCOMPARE(results, (QList<int>{0, 1, 2, 3, 4, 5, 5}));
-    QCOMPARE(combo.chosenBlocks().size(), 6);
-    QCOMPARE(combo.chosenBlocks().first().name, QStringLiteral("b7"));
-    QCOMPARE(combo.chosenBlocks().last().blockName, QStringLiteral("B2"));
-    QCOMPARE(combo.count(), 6 + 1 + 21);
-    QCOMPARE(combo.itemText(0), QStringLiteral("b7"));
-    QVERIFY(!combo.itemData(0).isValid());
-    QCOMPARE(combo.itemData(6, Qt::AccessibleDescriptionRole).toString(), QStringLiteral("separator"));
-    QCOMPARE(combo.itemText(7), QStringLiteral("实心闭合"));
-    QCOMPARE(combo.findItemByArrowBlockName(QStringLiteral("B5")), 2); // found by upper-case key
-    QCOMPARE(combo.findItemByArrowBlockName(QStringLiteral("_Open")), 6); // the row, not the item
-}
+    void standardRowCreatesItsBlockOnce()
+    {
+        FreshDrawing drawing;
+        KtUiArrowComboBox combo;
+        for (int index : {0, -1, 20}) // closed filled has no block; the others are no standard rows
+            QVERIFY(KtUiArrowComboBox::GenerateArrowHeadBlock(index).isNull());
+        QCOMPARE(blockCount(drawing.db()), 2);
+        QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
+        combo.setCurrentIndex(3);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(0).toInt(), 3);
+        const KtDbObjectId dot = combo.currentArrowId();
+        QVERIFY(!dot.isNull());
+        QCOMPARE(KtUiArrowComboBox::GetBlockTableRecordId(L"_DOT"), dot);
+        QCOMPARE(combo.GetCurSelArrowHead(), dot);
+        QCOMPARE(KtUiArrowComboBox::GenerateArrowHeadBlock(3), dot);
+        QCOMPARE(blockCount(drawing.db()), 3);
+        QVERIFY(KtUiArrowComboBox::hasBlock(L"_dot", drawing.db()));
+        QVERIFY(!KtUiArrowComboBox::hasBlock(L"_dot", nullptr));
+    }
 
-void KtUiArrowComboBoxTest::blockNameOfCurrentText()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    QVERIFY(combo.getCurArrowBlockName().isEmpty()); // closed filled
-    combo.setCurrentIndex(16);
-    QCOMPARE(combo.getCurArrowBlockName(), QStringLiteral("_DATUMBLANK"));
-    combo.addItemWithoutIcon(QStringLiteral("MyArrow"));
-    QCOMPARE(combo.currentIndex(), 0);
-    QCOMPARE(combo.getCurArrowBlockName(), QStringLiteral("MyArrow"));
-}
+    void generatedBlocks_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QStringList>("entities");
+        const QString tail = QStringLiteral("LINE 0,0 -1,0");
+        const QStringList closed{"LINE -1,0.1667 0,0", "LINE -1,-0.1667 0,0", "LINE -1,0.1667 -1,-0.1667"};
+        // clang-format off
+        QTest::newRow("closed blank") << 1 << "_ClosedBlank" << closed;
+        QTest::newRow("closed") << 2 << "_Closed" << closed + QStringList{tail};
+        QTest::newRow("dot") << 3 << "_Dot" << QStringList{"PLINE closed w0.5 [-0.25,0 b1 0.5/0.5] [0.25,0 b1 0.5/0.5]", "LINE -0.5,0 -1,0"};
+        QTest::newRow("arch tick") << 4 << "_ArchTick" << QStringList{"PLINE w0.15 [-0.5,-0.5 b0 0.15/0.15] [0.5,0.5 b0 0.15/0.15]"};
+        QTest::newRow("oblique") << 5 << "_Oblique" << QStringList{"LINE -0.5,-0.5 0.5,0.5"};
+        QTest::newRow("open") << 6 << "_Open" << QStringList{"LINE -1,0.1667 0,0", "LINE -1,-0.1667 0,0", tail};
+        QTest::newRow("origin") << 7 << "_Origin" << QStringList{"CIRCLE 0,0 r0.5", tail};
+        QTest::newRow("origin2") << 8 << "_Origin2" << QStringList{"CIRCLE 0,0 r0.5", "CIRCLE 0,0 r0.25", "LINE -0.5,0 -1,0"};
+        QTest::newRow("open90") << 9 << "_Open90" << QStringList{"LINE -0.5,0.5 0,0", "LINE 0,0 -0.5,-0.5", tail};
+        QTest::newRow("open30: 0.2679, not tan 15") << 10 << "_Open30" << QStringList{"LINE -1,0.2679 0,0", "LINE 0,0 -1,-0.2679", tail};
+        QTest::newRow("dot small") << 11 << "_DotSmall" << QStringList{"PLINE closed w0.5 [-0.0625,0 b1 0.5/0.5] [0.0625,0 b1 0.5/0.5]"};
+        QTest::newRow("dot blank") << 12 << "_DotBlank" << QStringList{"CIRCLE 0,0 r0.5", "LINE -0.5,0 -1,0"};
+        QTest::newRow("small") << 13 << "_Small" << QStringList{"CIRCLE 0,0 r0.25"};
+        QTest::newRow("box blank") << 14 << "_BoxBlank" << QStringList{"LINE -0.5,-0.5 0.5,-0.5", "LINE 0.5,-0.5 0.5,0.5", "LINE 0.5,0.5 -0.5,0.5", "LINE -0.5,0.5 -0.5,-0.5", "LINE -0.5,0 -1,0"};
+        QTest::newRow("box filled") << 15 << "_BoxFilled" << QStringList{"SOLID -0.5,0.5 0.5,0.5 -0.5,-0.5 0.5,-0.5", "LINE -0.5,0 -1,0"};
+        QTest::newRow("datum blank: 0.5774, not tan 30") << 16 << "_DatumBlank" << QStringList{"LINE 0,0.5774 -1,0", "LINE -1,0 0,-0.5774", "LINE 0,-0.5774 0,0.5774"};
+        QTest::newRow("datum filled") << 17 << "_DatumFilled" << QStringList{"SOLID 0,0.5774 -1,0 0,-0.5774 0,-0.5774"};
+        QTest::newRow("integral") << 18 << "_Integral" << QStringList{"ARC 0.4449,-0.0913 r0.4542 1.78023583703422..2.93215314335047", "ARC -0.4449,0.0913 r0.4542 4.92182849062401..6.07374579694027"};
+        QTest::newRow("none") << 19 << "_None" << QStringList{};
+        // clang-format on
+    }
 
-void KtUiArrowComboBoxTest::standardRowCreatesItsBlockOnce()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
-    combo.setCurrentIndex(3);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toInt(), 3);
-    const KtDbObjectId dot = combo.currentArrowId();
-    QVERIFY(!dot.isNull());
-    QCOMPARE(KtUiArrowComboBox::GetBlockTableRecordId(L"_DOT"), dot);
-    QCOMPARE(combo.GetCurSelArrowHead(), dot);
-    QCOMPARE(KtUiArrowComboBox::GenerateArrowHeadBlock(3), dot);
-    QCOMPARE(blockCount(drawing.db()), 3);
-    QVERIFY(KtUiArrowComboBox::hasBlock(L"_dot", drawing.db()));
-    QVERIFY(!KtUiArrowComboBox::hasBlock(L"_dot", nullptr));
-}
+    void generatedBlocks()
+    {
+        QFETCH(int, index);
+        QFETCH(QString, name);
+        QFETCH(QStringList, entities);
+        FreshDrawing drawing;
+        const KtDbObjectId id = KtUiArrowComboBox::GenerateArrowHeadBlock(index);
+        QVERIFY(!id.isNull());
+        KtDbBlockTableRecord* block = nullptr;
+        QCOMPARE(ktdbOpenObject(block, id, KtDb::kForRead), Kt::eOk);
+        QCOMPARE(ktutKtStringToQString(block->name()), name); // mixed case, as created
+        KtString path(L"x");
+        block->pathName(path);
+        QVERIFY(path.isEmpty());
+        block->close();
+        QCOMPARE(describeBlock(id), entities);
+    }
 
-void KtUiArrowComboBoxTest::generatedBlocks_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("entities");
-    const QString tail = QStringLiteral("LINE 0,0 -1,0");
-    QTest::newRow("closed blank") << 1 << "_ClosedBlank"
-                                  << QStringList{"LINE -1,0.1667 0,0", "LINE -1,-0.1667 0,0",
-                                         "LINE -1,0.1667 -1,-0.1667"};
-    QTest::newRow("closed") << 2 << "_Closed"
-                            << QStringList{"LINE -1,0.1667 0,0", "LINE -1,-0.1667 0,0",
-                                   "LINE -1,0.1667 -1,-0.1667", tail};
-    QTest::newRow("dot") << 3 << "_Dot"
-                         << QStringList{"PLINE closed w0.5 [-0.25,0 b1 0.5/0.5] [0.25,0 b1 0.5/0.5]",
-                                "LINE -0.5,0 -1,0"};
-    QTest::newRow("arch tick") << 4 << "_ArchTick"
-                               << QStringList{"PLINE w0.15 [-0.5,-0.5 b0 0.15/0.15] [0.5,0.5 b0 0.15/0.15]"};
-    QTest::newRow("oblique") << 5 << "_Oblique" << QStringList{"LINE -0.5,-0.5 0.5,0.5"};
-    QTest::newRow("open") << 6 << "_Open" << QStringList{"LINE -1,0.1667 0,0", "LINE -1,-0.1667 0,0", tail};
-    QTest::newRow("origin") << 7 << "_Origin" << QStringList{"CIRCLE 0,0 r0.5", tail};
-    QTest::newRow("origin2") << 8 << "_Origin2"
-                             << QStringList{"CIRCLE 0,0 r0.5", "CIRCLE 0,0 r0.25", "LINE -0.5,0 -1,0"};
-    QTest::newRow("open90") << 9 << "_Open90" << QStringList{"LINE -0.5,0.5 0,0", "LINE 0,0 -0.5,-0.5", tail};
-    QTest::newRow("open30: 0.2679, not tan 15")
-        << 10 << "_Open30" << QStringList{"LINE -1,0.2679 0,0", "LINE 0,0 -1,-0.2679", tail};
-    QTest::newRow("dot small") << 11 << "_DotSmall"
-                               << QStringList{
-                                      "PLINE closed w0.5 [-0.0625,0 b1 0.5/0.5] [0.0625,0 b1 0.5/0.5]"};
-    QTest::newRow("dot blank") << 12 << "_DotBlank" << QStringList{"CIRCLE 0,0 r0.5", "LINE -0.5,0 -1,0"};
-    QTest::newRow("small") << 13 << "_Small" << QStringList{"CIRCLE 0,0 r0.25"};
-    QTest::newRow("box blank") << 14 << "_BoxBlank"
-                               << QStringList{"LINE -0.5,-0.5 0.5,-0.5", "LINE 0.5,-0.5 0.5,0.5",
-                                      "LINE 0.5,0.5 -0.5,0.5", "LINE -0.5,0.5 -0.5,-0.5", "LINE -0.5,0 -1,0"};
-    QTest::newRow("box filled") << 15 << "_BoxFilled"
-                                << QStringList{
-                                       "SOLID -0.5,0.5 0.5,0.5 -0.5,-0.5 0.5,-0.5", "LINE -0.5,0 -1,0"};
-    QTest::newRow("datum blank: 0.5774, not tan 30")
-        << 16 << "_DatumBlank"
-        << QStringList{"LINE 0,0.5774 -1,0", "LINE -1,0 0,-0.5774", "LINE 0,-0.5774 0,0.5774"};
-    QTest::newRow("datum filled") << 17 << "_DatumFilled"
-                                  << QStringList{"SOLID 0,0.5774 -1,0 0,-0.5774 0,-0.5774"};
-    QTest::newRow("integral") << 18 << "_Integral"
-                              << QStringList{"ARC 0.4449,-0.0913 r0.4542 1.78023583703422..2.93215314335047",
-                                     "ARC -0.4449,0.0913 r0.4542 4.92182849062401..6.07374579694027"};
-    QTest::newRow("none") << 19 << "_None" << QStringList{};
-}
+    void generatedProperties()
+    {
+        FreshDrawing drawing;
+        const QString byBlock = QStringLiteral("layer 0, colour 0, ByBlock, weight -2, transparency 1");
+        const QString byLayerWeight = QStringLiteral("layer 0, colour 0, ByBlock, weight -1, transparency 1");
+        QCOMPARE(
+            describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(4), true), QStringList{byLayerWeight});
+        QCOMPARE(describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(15), true),
+            (QStringList{byLayerWeight, byBlock}));
+        QCOMPARE(describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(18), true),
+            (QStringList{byBlock, byBlock}));
+    }
 
-void KtUiArrowComboBoxTest::generatedBlocks()
-{
-    QFETCH(int, index);
-    QFETCH(QString, name);
-    QFETCH(QStringList, entities);
-    FreshDrawing drawing;
-    const KtDbObjectId id = KtUiArrowComboBox::GenerateArrowHeadBlock(index);
-    QVERIFY(!id.isNull());
-    KtDbBlockTableRecord* block = nullptr;
-    QCOMPARE(ktdbOpenObject(block, id, KtDb::kForRead), Kt::eOk);
-    QCOMPARE(ktutKtStringToQString(block->name()), name); // mixed case, as created
-    KtString path(L"x");
-    block->pathName(path);
-    QVERIFY(path.isEmpty());
-    block->close();
-    QCOMPARE(describeBlock(id), entities);
-}
+    void blockArrayFilter_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("external");
+        QTest::addColumn<bool>("dependent");
+        QTest::addColumn<bool>("anonymous");
+        QTest::addColumn<bool>("listed");
+        QTest::newRow("plain") << "Flag" << false << false << false << true;
+        QTest::newRow("paper space layout") << "*Paper_Space3" << false << false << false << false;
+        QTest::newRow("model space, other case") << "*model_spaceX" << false << false << false << false;
+        QTest::newRow("11 characters") << "*MODEL_SPAC" << false << false << false << true;
+        QTest::newRow("11 characters, anonymous") << "*MODEL_SPAC" << false << false << true << false;
+        QTest::newRow("star is not anonymous") << "*U7" << false << false << false << true;
+        QTest::newRow("external") << "Xref" << true << false << false << false;
+        QTest::newRow("dependent") << "XrefPart" << false << true << false << false;
+    }
 
-void KtUiArrowComboBoxTest::generatedProperties()
-{
-    FreshDrawing drawing;
-    const QString byBlock = QStringLiteral("layer 0, colour 0, ByBlock, weight -2, transparency 1");
-    const QString byLayerWeight = QStringLiteral("layer 0, colour 0, ByBlock, weight -1, transparency 1");
-    QCOMPARE(describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(4), true), QStringList{byLayerWeight});
-    QCOMPARE(describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(15), true),
-        (QStringList{byLayerWeight, byBlock}));
-    QCOMPARE(
-        describeBlock(KtUiArrowComboBox::GenerateArrowHeadBlock(18), true), (QStringList{byBlock, byBlock}));
-}
+    void blockArrayFilter()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, external);
+        QFETCH(bool, dependent);
+        QFETCH(bool, anonymous);
+        QFETCH(bool, listed);
+        FreshDrawing drawing;
+        const std::wstring wide = name.toStdWString();
+        const KtDbObjectId id = addBlock(wide.c_str(), external, dependent, anonymous);
+        QVERIFY(!id.isNull());
+        KtUiArrowComboBox combo;
+        const QVariantList blocks = combo.getBlockArray();
+        QCOMPARE(blockNames(blocks), listed ? QStringList{name} : QStringList{});
+        if (listed)
+            QCOMPARE(blocks.first().toMap().value("blockId").toLongLong(), qint64(id.handle()));
+    }
 
-void KtUiArrowComboBoxTest::outOfRangeRowsCreateNothing_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::newRow("closed filled") << 0;
-    QTest::newRow("negative") << -1;
-    QTest::newRow("past the end") << 20;
-}
+    void userArrowChosen()
+    {
+        FreshDrawing drawing;
+        const KtDbObjectId flag = addBlock(L"Flag");
+        KtUiArrowComboBox combo;
+        combo.setCurrentIndex(5);
+        ScriptedDialog dialog(QStringLiteral("Flag"));
+        QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
+        combo.setCurrentIndex(20);
+        QCOMPARE(dialog.calls, 1);
+        QCOMPARE(dialog.kind, 49);
+        QCOMPARE(dialog.parent, &combo);
+        QCOMPARE(dialog.currArrow, QStringLiteral("倾斜"));
+        QCOMPARE(blockNames(dialog.blocks), (QStringList{"Flag", "_Oblique"}));
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(combo.currentIndex(), 0);
+        QCOMPARE(spy.at(0).at(0).toInt(), 0);
+        QCOMPARE(combo.currentText(), QStringLiteral("Flag"));
+        QCOMPARE(combo.count(), 1 + 1 + 21);
+        QCOMPARE(combo.GetCurSelArrowHead(), flag);
+        // Items 0 to 19 are taken as standard rows by the slot, drawing blocks above included.
+        combo.setCurrentIndex(5);
+        combo.setCurrentIndex(0);
+        QCOMPARE(combo.currentArrowIndex(), 0);
+        QVERIFY(combo.currentArrowId().isNull());
+    }
 
-void KtUiArrowComboBoxTest::outOfRangeRowsCreateNothing()
-{
-    QFETCH(int, index);
-    FreshDrawing drawing;
-    QVERIFY(KtUiArrowComboBox::GenerateArrowHeadBlock(index).isNull());
-    QCOMPARE(blockCount(drawing.db()), 2);
-}
+    void userArrowCancelled()
+    {
+        FreshDrawing drawing;
+        KtUiArrowComboBox combo;
+        combo.setCurrentIndex(7);
+        ScriptedDialog dialog{QString()};
+        QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
+        combo.setCurrentIndex(20);
+        QCOMPARE(dialog.calls, 1);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(combo.currentIndex(), 7);
+        QCOMPARE(spy.at(0).at(0).toInt(), 7);
+        QVERIFY(!combo.signalsBlocked());
+        QCOMPARE(combo.count(), 21);
+    }
 
-void KtUiArrowComboBoxTest::blockArrayFilter_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("external");
-    QTest::addColumn<bool>("dependent");
-    QTest::addColumn<bool>("anonymous");
-    QTest::addColumn<bool>("listed");
-    QTest::newRow("plain") << "Flag" << false << false << false << true;
-    QTest::newRow("paper space layout") << "*Paper_Space3" << false << false << false << false;
-    QTest::newRow("model space, other case") << "*model_spaceX" << false << false << false << false;
-    QTest::newRow("11 characters") << "*MODEL_SPAC" << false << false << false << true;
-    QTest::newRow("11 characters, anonymous") << "*MODEL_SPAC" << false << false << true << false;
-    QTest::newRow("star is not anonymous") << "*U7" << false << false << false << true;
-    QTest::newRow("external") << "Xref" << true << false << false << false;
-    QTest::newRow("dependent") << "XrefPart" << false << true << false << false;
-}
-
-void KtUiArrowComboBoxTest::blockArrayFilter()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, external);
-    QFETCH(bool, dependent);
-    QFETCH(bool, anonymous);
-    QFETCH(bool, listed);
-    FreshDrawing drawing;
-    const std::wstring wide = name.toStdWString();
-    const KtDbObjectId id = addBlock(wide.c_str(), external, dependent, anonymous);
-    QVERIFY(!id.isNull());
-    KtUiArrowComboBox combo;
-    const QVariantList blocks = combo.getBlockArray();
-    QCOMPARE(blockNames(blocks), listed ? QStringList{name} : QStringList{});
-    if (listed)
-        QCOMPARE(blocks.first().toMap().value("blockId").toLongLong(), qint64(id.handle()));
-}
-
-void KtUiArrowComboBoxTest::userArrowChosen()
-{
-    FreshDrawing drawing;
-    const KtDbObjectId flag = addBlock(L"Flag");
-    KtUiArrowComboBox combo;
-    combo.setCurrentIndex(5);
-    ScriptedDialog dialog(QStringLiteral("Flag"));
-    QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
-    combo.setCurrentIndex(20);
-    QCOMPARE(dialog.calls, 1);
-    QCOMPARE(dialog.kind, 49);
-    QCOMPARE(dialog.parent, &combo);
-    QCOMPARE(dialog.currArrow, QStringLiteral("倾斜"));
-    QCOMPARE(blockNames(dialog.blocks), (QStringList{"Flag", "_Oblique"}));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(combo.currentIndex(), 0);
-    QCOMPARE(spy.at(0).at(0).toInt(), 0);
-    QCOMPARE(combo.currentText(), QStringLiteral("Flag"));
-    QCOMPARE(combo.count(), 1 + 1 + 21);
-    QCOMPARE(combo.GetCurSelArrowHead(), flag);
-    // Items 0 to 19 are taken as standard rows by the slot, drawing blocks above included.
-    combo.setCurrentIndex(5);
-    combo.setCurrentIndex(0);
-    QCOMPARE(combo.currentArrowIndex(), 0);
-    QVERIFY(combo.currentArrowId().isNull());
-}
-
-void KtUiArrowComboBoxTest::userArrowCancelled()
-{
-    FreshDrawing drawing;
-    KtUiArrowComboBox combo;
-    combo.setCurrentIndex(7);
-    ScriptedDialog dialog{QString()};
-    QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
-    combo.setCurrentIndex(20);
-    QCOMPARE(dialog.calls, 1);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(combo.currentIndex(), 7);
-    QCOMPARE(spy.at(0).at(0).toInt(), 7);
-    QVERIFY(!combo.signalsBlocked());
-    QCOMPARE(combo.count(), 21);
-}
-
-void KtUiArrowComboBoxTest::blockTableUnavailable()
-{
-    FreshDrawing drawing;
-    const long long heap = ktHeapLiveBlocks();
-    KtDbBlockTable* reader = nullptr;
-    QCOMPARE(drawing.db()->getSymbolTable(reader, KtDb::kForRead), Kt::eOk);
-    // Read while held open for read; write refused: nothing made, nothing leaked.
-    QVERIFY(KtUiArrowComboBox::GenerateArrowHeadBlock(2).isNull());
-    QCOMPARE(ktHeapLiveBlocks(), heap);
-    auto* record = new KtDbBlockTableRecord;
-    record->setName(L"Kept");
-    KtDbObjectId id;
-    QVERIFY(!KtUiArrowComboBox::AddRecordToBlockTable(record, id));
-    QVERIFY(id.isNull());
-    delete record; // still the caller's
-    reader->close();
-    QCOMPARE(ktHeapLiveBlocks(), heap);
-    QVERIFY(!KtUiArrowComboBox::GenerateArrowHeadBlock(2).isNull());
-}
-
-void KtUiArrowComboBoxTest::refusedRecordIsDeleted()
-{
-    FreshDrawing drawing;
-    const long long heap = ktHeapLiveBlocks();
-    for (const wchar_t* name : {L"", L"a<b", L"*model_space"}) {
+    void blockTableUnavailable()
+    {
+        FreshDrawing drawing;
+        const long long heap = ktHeapLiveBlocks();
+        KtDbBlockTable* reader = nullptr;
+        QCOMPARE(drawing.db()->getSymbolTable(reader, KtDb::kForRead), Kt::eOk);
+        // Read while held open for read; write refused: nothing made, nothing leaked.
+        QVERIFY(KtUiArrowComboBox::GenerateArrowHeadBlock(2).isNull());
+        QCOMPARE(ktHeapLiveBlocks(), heap);
         auto* record = new KtDbBlockTableRecord;
-        record->setName(name);
-        KtDbObjectId entityId;
-        record->appendKtDbEntity(entityId, new KtDbLine);
+        record->setName(L"Kept");
         KtDbObjectId id;
         QVERIFY(!KtUiArrowComboBox::AddRecordToBlockTable(record, id));
         QVERIFY(id.isNull());
+        delete record; // still the caller's
+        reader->close();
+        QCOMPARE(ktHeapLiveBlocks(), heap);
+        QVERIFY(!KtUiArrowComboBox::GenerateArrowHeadBlock(2).isNull());
     }
-    QCOMPARE(ktHeapLiveBlocks(), heap);
-    QCOMPARE(blockCount(drawing.db()), 2);
-}
+
+    void refusedRecordIsDeleted()
+    {
+        FreshDrawing drawing;
+        const long long heap = ktHeapLiveBlocks();
+        for (const wchar_t* name : {L"", L"a<b", L"*model_space"}) {
+            auto* record = new KtDbBlockTableRecord;
+            record->setName(name);
+            KtDbObjectId entityId;
+            record->appendKtDbEntity(entityId, new KtDbLine);
+            KtDbObjectId id;
+            QVERIFY(!KtUiArrowComboBox::AddRecordToBlockTable(record, id));
+            QVERIFY(id.isNull());
+        }
+        QCOMPARE(ktHeapLiveBlocks(), heap);
+        QCOMPARE(blockCount(drawing.db()), 2);
+    }
+};
 
 QTEST_MAIN(KtUiArrowComboBoxTest)
 #include "tst_ktuiarrowcombobox.moc"
