@@ -1,8 +1,10 @@
 #pragma once
 
+#include <KtUiCatalogueLanguageSvr>
 #include <QMainWindow>
 #include <QStringList>
 
+class QActionGroup;
 class QTabWidget;
 
 /**
@@ -12,6 +14,10 @@ class QTabWidget;
  * selects it. A page that is still preparing what it shows (a preview being
  * rendered, say) sets the dynamic property "galleryBusy" to true and back to
  * false when done; a screenshot waits for that.
+ *
+ * The Language menu switches between the widgets' built-in texts and the
+ * English catalogue and builds the pages again, so that every widget reads its
+ * texts anew.
  */
 class GalleryWindow : public QMainWindow
 {
@@ -30,9 +36,16 @@ public:
     /// Renders the window into a PNG file; false when it cannot be written.
     bool saveScreenshot(const QString& path);
 
+    /// Registers the embedded catalogue of @p language ("en"), or none for an empty one, and rebuilds the
+    /// pages.
+    bool setLanguage(const QString& language);
+
 private:
+    void buildPages();
     void addPage(const QString& name, QWidget* page, const QString& title);
 
     QTabWidget* m_tabs;
     QStringList m_names;
+    KtUiCatalogueLanguageSvr m_catalogue;
+    QActionGroup* m_languages;
 };

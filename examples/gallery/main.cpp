@@ -1,13 +1,15 @@
 // The gallery of libKtCmdQtUtils widgets on the stand-in host.
 //   ktgallery                               opens the window
 //   ktgallery --page NAME                   opens it on one page (tree, list, ...)
-//   ktgallery [--page NAME] --screenshot F  renders that page (or the first) to a PNG and exits
+//   ktgallery --page NAME --screenshot F    renders that page to a PNG file and exits
+//   ktgallery --screenshot DIR              renders every page to DIR/NAME.png and exits
+//   ktgallery --language en                 starts with the English catalogue (see the Language menu)
 
 #include "gallerywindow.h"
 
-#include <KtUiCatalogueLanguageSvr>
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QTimer>
 
@@ -15,17 +17,26 @@
 
 namespace {
 
-// Takes the screenshot once the page is idle (or after a generous wait).
-void screenshotWhenReady(GalleryWindow* window, const QString& path, QElapsedTimer clock)
+// Takes the screenshots of @p pages (one after the other, each once its page is
+// idle or after a generous wait) into @p paths, then quits.
+void screenshotWhenReady(GalleryWindow* window, QStringList pages, QStringList paths, QElapsedTimer clock)
 {
     constexpr qint64 maxWaitMs = 60000;
     if (window->isCurrentPageBusy() && clock.elapsed() < maxWaitMs) {
-        QTimer::singleShot(100, window, [window, path, clock] { screenshotWhenReady(window, path, clock); });
+        QTimer::singleShot(100, window, [=] { screenshotWhenReady(window, pages, paths, clock); });
         return;
     }
+    const QString path = paths.takeFirst();
     const bool ok = window->saveScreenshot(path);
     std::fprintf(ok ? stdout : stderr, "%s %s\n", ok ? "wrote" : "could not write", qPrintable(path));
-    QApplication::exit(ok ? 0 : 1);
+    pages.removeFirst();
+    if (!ok || pages.isEmpty()) {
+        QApplication::exit(ok ? 0 : 1);
+        return;
+    }
+    window->showPage(pages.first());
+    clock.restart();
+    QTimer::singleShot(300, window, [=] { screenshotWhenReady(window, pages, paths, clock); });
 }
 
 } // namespace
@@ -39,7 +50,9 @@ int main(int argc, char* argv[])
     parser.setApplicationDescription(QStringLiteral("Gallery of the libKtCmdQtUtils widgets"));
     parser.addHelpOption();
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-        QStringLiteral("Render the window to a PNG <file> and exit."), QStringLiteral("file"));
+        QStringLiteral("Render the page to a PNG <file>, or, without --page, every page into the directory "
+                       "<file> as NAME.png, and exit."),
+        QStringLiteral("file"));
     const QCommandLineOption page(
         QStringLiteral("page"), QStringLiteral("Open the gallery on page <name>."), QStringLiteral("name"));
     const QCommandLineOption language(QStringLiteral("language"),
@@ -49,12 +62,12 @@ int main(int argc, char* argv[])
     parser.addOption(language);
     parser.process(app);
 
-    // Without a language service the widgets show their built-in texts.
-    KtUiCatalogueLanguageSvr catalogue;
-    if (parser.isSet(language) && catalogue.loadBuiltIn(parser.value(language)))
-        catalogue.registerWithHost();
-
     GalleryWindow window;
+    // Without a language service the widgets show their built-in texts.
+    if (parser.isSet(language) && !window.setLanguage(parser.value(language))) {
+        std::fprintf(stderr, "no built-in catalogue \"%s\"\n", qPrintable(parser.value(language)));
+        return 2;
+    }
     if (parser.isSet(page) && !window.showPage(parser.value(page))) {
         std::fprintf(stderr, "no page \"%s\"; pages: %s\n", qPrintable(parser.value(page)),
             qPrintable(window.pageNames().join(QStringLiteral(", "))));
@@ -63,11 +76,25 @@ int main(int argc, char* argv[])
     window.show();
 
     if (parser.isSet(screenshot)) {
-        const QString path = parser.value(screenshot);
+        QStringList pages;
+        QStringList paths;
+        if (parser.isSet(page)) {
+            pages << parser.value(page);
+            paths << parser.value(screenshot);
+        } else {
+            const QDir dir(parser.value(screenshot));
+            if (!dir.mkpath(QStringLiteral("."))) {
+                std::fprintf(stderr, "cannot make the directory %s\n", qPrintable(dir.path()));
+                return 1;
+            }
+            pages = window.pageNames();
+            for (const QString& name : qAsConst(pages))
+                paths << dir.filePath(name + QStringLiteral(".png"));
+            window.showPage(pages.first());
+        }
         QElapsedTimer clock;
         clock.start();
-        QTimer::singleShot(
-            300, &window, [&window, path, clock] { screenshotWhenReady(&window, path, clock); });
+        QTimer::singleShot(300, &window, [=, &window] { screenshotWhenReady(&window, pages, paths, clock); });
     }
     return app.exec();
 }
