@@ -37,299 +37,280 @@ private:
     }
 
 private Q_SLOTS:
-    void openFlags_data();
-    void openFlags();
-    void openNullKeepsName();
-    void seek_data();
-    void seek();
-    void lengthAndEnds();
-    void names_data();
-    void names();
-    void nonAsciiPaths_data();
-    void nonAsciiPaths();
-    void pathsOfNonCharacters_data();
-    void pathsOfNonCharacters();
-    void status();
-    void abortOnlyAnnounces();
-    void readWriteCounts();
-};
-
-void tst_CKtFile::openFlags_data()
-{
-    QTest::addColumn<uint>("flags");
-    QTest::addColumn<bool>("exists");
-    QTest::addColumn<bool>("opened");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<qint64>("sizeAfter");
-
-    // The file holds 10 bytes when it exists.
-    QTest::newRow("0 read") << 0u << true << true << 0x1 << qint64(10);
-    QTest::newRow("0 read, missing") << 0u << false << false << 0x0 << qint64(-1);
-    QTest::newRow("1 write truncates") << 1u << true << true << 0x2 << qint64(0);
-    QTest::newRow("2 read-write keeps") << 2u << true << true << 0x3 << qint64(10);
-    QTest::newRow("3 as 2") << 3u << true << true << 0x3 << qint64(10);
-    QTest::newRow("0x4001 text write") << 0x4001u << true << true << 0x12 << qint64(0);
-    QTest::newRow("0x2002 ignored") << 0x2002u << true << true << 0x3 << qint64(10);
-    QTest::newRow("high bits ignored") << 0xFFFF0001u << true << true << 0x2 << qint64(0);
-}
-
-void tst_CKtFile::openFlags()
-{
-    QFETCH(uint, flags);
-    QFETCH(bool, exists);
-    QFETCH(bool, opened);
-    QFETCH(int, mode);
-    QFETCH(qint64, sizeAfter);
-
-    const QString name = QStringLiteral("flags-%1").arg(QTest::currentDataTag());
-    const QString path = m_dir.filePath(name);
-    if (exists)
-        fileWith(name, QByteArray(10, 'x'));
-    CKtFile byOpen;
-    QCOMPARE(byOpen.Open(wide(path).c_str(), flags), opened);
-    QCOMPARE(int(byOpen.openMode()), mode);
-    QCOMPARE(byOpen.fileName(), path);
-    byOpen.close();
-    QCOMPARE(QFileInfo(path).exists() ? QFileInfo(path).size() : qint64(-1), sizeAfter);
-
-    // The constructor opens the same way and only stays closed on failure.
-    QFile::remove(path);
-    if (exists)
-        fileWith(name, QByteArray(10, 'x'));
-    CKtFile byConstructor(wide(path).c_str(), flags);
-    QCOMPARE(byConstructor.isOpen(), opened);
-}
-
-void tst_CKtFile::openNullKeepsName()
-{
-    const QString path = fileWith(QStringLiteral("named"), "abc");
-    CKtFile file(wide(path).c_str(), 0);
-    QVERIFY(!file.Open(nullptr, 0));
-    QCOMPARE(file.fileName(), path);
-    QVERIFY(file.isOpen());
-
-    CKtFile unnamed(nullptr, 1);
-    QVERIFY(unnamed.fileName().isEmpty());
-    QVERIFY(!unnamed.isOpen());
-}
-
-void tst_CKtFile::seek_data()
-{
-    QTest::addColumn<qint64>("offset");
-    QTest::addColumn<uint>("from");
-    QTest::addColumn<qint64>("expected");
-
-    // From position 5 in a 10-byte file; a refused seek stays at 5.
-    QTest::newRow("begin 9") << qint64(9) << 0u << qint64(9);
-    QTest::newRow("begin 10 refused") << qint64(10) << 0u << qint64(5);
-    QTest::newRow("begin -3 is relative") << qint64(-3) << 0u << qint64(2);
-    QTest::newRow("begin -6 refused") << qint64(-6) << 0u << qint64(5);
-    QTest::newRow("current +4") << qint64(4) << 1u << qint64(9);
-    QTest::newRow("current +5 refused") << qint64(5) << 1u << qint64(5);
-    QTest::newRow("current -5") << qint64(-5) << 1u << qint64(0);
-    QTest::newRow("current -6 refused") << qint64(-6) << 1u << qint64(5);
-    QTest::newRow("end 0 to the end") << qint64(0) << 2u << qint64(10);
-    QTest::newRow("end 1 refused") << qint64(1) << 2u << qint64(5);
-    QTest::newRow("end -10") << qint64(-10) << 2u << qint64(0);
-    QTest::newRow("end -11 refused") << qint64(-11) << 2u << qint64(5);
-    QTest::newRow("origin 3") << qint64(1) << 3u << qint64(5);
-    QTest::newRow("current, largest offset") << std::numeric_limits<qint64>::max() << 1u << qint64(5);
-    QTest::newRow("end, smallest offset") << std::numeric_limits<qint64>::min() << 2u << qint64(5);
-    QTest::newRow("beyond 32 bits refused") << (qint64(1) << 32) << 0u << qint64(5);
-}
-
-void tst_CKtFile::seek()
-{
-    QFETCH(qint64, offset);
-    QFETCH(uint, from);
-    QFETCH(qint64, expected);
-
-    CKtFile file(wide(fileWith(QStringLiteral("ten"), QByteArray(10, 't'))).c_str(), 0);
-    file.seek(5);
-    QCOMPARE(file.Seek(offset, from), qulonglong(expected));
-    QCOMPARE(file.GetPosition(), qulonglong(expected));
-}
-
-void tst_CKtFile::lengthAndEnds()
-{
-    CKtFile file(wide(fileWith(QStringLiteral("len"), QByteArray(10, 'l'))).c_str(), 2);
-    file.SetLength(3);
-    QCOMPARE(file.GetLength(), 10ull);
-    QCOMPARE(file.GetPosition(), 3ull);
-    file.SetLength(50); // beyond the end: nothing moves, nothing grows
-    QCOMPARE(file.GetPosition(), 3ull);
-    QVERIFY(file.SeekToEnd());
-    QCOMPARE(file.GetPosition(), 10ull);
-    file.SeekToBegin();
-    QCOMPARE(file.GetPosition(), 0ull);
-    file.Close();
-    QCOMPARE(QFileInfo(file.fileName()).size(), qint64(10));
-
-    // On an empty file 0 is not inside the file, so SeekToBegin stays at 0.
-    CKtFile empty(wide(m_dir.filePath(QStringLiteral("empty"))).c_str(), 2);
-    empty.SeekToBegin();
-    QCOMPARE(empty.GetPosition(), 0ull);
-}
-
-void tst_CKtFile::names_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QStringList>("names"); // name, title, full path
-
-    QTest::newRow("double extension") << "/d/x.tar.gz" << QStringList{"x.tar.gz", "x", "/d/x.tar.gz"};
-    QTest::newRow("no extension") << "/d/readme" << QStringList{"readme", "readme", "/d/readme"};
-    QTest::newRow("relative") << "sub/a.b"
-                              << QStringList{"a.b", "a", QDir::current().absoluteFilePath("sub/a.b")};
-    QTest::newRow("hidden") << "/d/.profile" << QStringList{".profile", "", "/d/.profile"};
-    QTest::newRow("empty") << "" << QStringList{"", "", ""};
-}
-
-void tst_CKtFile::names()
-{
-    QFETCH(QString, path);
-    QFETCH(QStringList, names);
-
-    CKtFile file;
-    file.SetFilePath(wide(path).c_str());
-    QCOMPARE(file.fileName(), path);
-    QCOMPARE((QStringList{qt(file.GetFileName()), qt(file.GetFileTitle()), qt(file.GetFilePath())}), names);
-}
-
-void tst_CKtFile::nonAsciiPaths_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("Chinese") << QStringLiteral("\u56fe\u7eb8\u6587\u4ef6.dwg");
-    QTest::newRow("emoji") << QString::fromUtf8("plan \xF0\x9F\x98\x80.bin");
-}
-
-void tst_CKtFile::nonAsciiPaths()
-{
-    QFETCH(QString, name);
-    const QString path = m_dir.filePath(name);
+    void openFlags_data()
     {
-        CKtFile file(wide(path).c_str(), 1);
+        QTest::addColumn<uint>("flags");
+        QTest::addColumn<bool>("exists");
+        QTest::addColumn<bool>("opened");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<qint64>("sizeAfter");
+
+        // The file holds 10 bytes when it exists.
+        QTest::newRow("0 read") << 0u << true << true << 0x1 << qint64(10);
+        QTest::newRow("0 read, missing") << 0u << false << false << 0x0 << qint64(-1);
+        QTest::newRow("1 write truncates") << 1u << true << true << 0x2 << qint64(0);
+        QTest::newRow("2 read-write keeps") << 2u << true << true << 0x3 << qint64(10);
+        QTest::newRow("3 as 2") << 3u << true << true << 0x3 << qint64(10);
+        QTest::newRow("0x4001 text write") << 0x4001u << true << true << 0x12 << qint64(0);
+        QTest::newRow("0x2002 ignored") << 0x2002u << true << true << 0x3 << qint64(10);
+    }
+
+    void openFlags()
+    {
+        QFETCH(uint, flags);
+        QFETCH(bool, exists);
+        QFETCH(bool, opened);
+        QFETCH(int, mode);
+        QFETCH(qint64, sizeAfter);
+
+        const QString name = QStringLiteral("flags-%1").arg(QTest::currentDataTag());
+        const QString path = m_dir.filePath(name);
+        if (exists)
+            fileWith(name, QByteArray(10, 'x'));
+        CKtFile byOpen;
+        QCOMPARE(byOpen.Open(wide(path).c_str(), flags), opened);
+        QCOMPARE(int(byOpen.openMode()), mode);
+        QCOMPARE(byOpen.fileName(), path);
+        byOpen.close();
+        QCOMPARE(QFileInfo(path).exists() ? QFileInfo(path).size() : qint64(-1), sizeAfter);
+
+        // The constructor opens the same way and only stays closed on failure.
+        QFile::remove(path);
+        if (exists)
+            fileWith(name, QByteArray(10, 'x'));
+        CKtFile byConstructor(wide(path).c_str(), flags);
+        QCOMPARE(byConstructor.isOpen(), opened);
+    }
+
+    void openNullKeepsName()
+    {
+        const QString path = fileWith(QStringLiteral("named"), "abc");
+        CKtFile file(wide(path).c_str(), 0);
+        QVERIFY(!file.Open(nullptr, 0));
+        QCOMPARE(file.fileName(), path);
         QVERIFY(file.isOpen());
-        file.Write("data", 4);
-        QCOMPARE(qt(file.GetFileName()), name);
-        QCOMPARE(qt(file.GetFilePath()), path);
+
+        CKtFile unnamed(nullptr, 1);
+        QVERIFY(unnamed.fileName().isEmpty());
+        QVERIFY(!unnamed.isOpen());
     }
-    CKtFileStatus status;
-    QVERIFY(CKtFile::GetStatus(wide(path).c_str(), status));
-    QCOMPARE(status.m_size, qint64(4));
-    QCOMPARE(QString::fromUtf8(status.m_szFullName), path);
 
-    const QString renamed = m_dir.filePath(QStringLiteral("\u2192") + name);
-    CKtFile::Rename(wide(path).c_str(), wide(renamed).c_str());
-    QVERIFY(!QFile::exists(path));
-    QVERIFY(QFile::exists(renamed));
-    CKtFile::Remove(wide(renamed).c_str());
-    QVERIFY(!QFile::exists(renamed));
-}
+    void seek_data()
+    {
+        QTest::addColumn<qint64>("offset");
+        QTest::addColumn<uint>("from");
+        QTest::addColumn<qint64>("expected");
 
-void tst_CKtFile::pathsOfNonCharacters_data()
-{
-    QTest::addColumn<int>("unit"); // between "a" and "b" in the file name
-    QTest::addColumn<bool>("valid");
-    QTest::newRow("U+FFFD itself") << 0xFFFD << true;
-    QTest::newRow("high surrogate") << 0xD800 << false;
-    QTest::newRow("low surrogate") << 0xDC00 << false;
-    QTest::newRow("past U+10FFFF") << 0x110000 << false;
-    QTest::newRow("negative") << -1 << false;
-    QTest::newRow("INT_MIN") << INT_MIN << false;
-}
-
-void tst_CKtFile::pathsOfNonCharacters()
-{
-    QFETCH(int, unit);
-    QFETCH(bool, valid);
-    // Every one of these names would become "a\uFFFDb" on its way to Qt.
-    const QString target = fileWith(QStringLiteral("a\uFFFDb"), "keep");
-    std::wstring path = wide(m_dir.filePath(QStringLiteral("a")));
-    path += wchar_t(unit);
-    path += L'b';
-    const std::wstring other = wide(m_dir.filePath(QStringLiteral("other")));
-
-    CKtFile file(path.c_str(), 2);
-    QCOMPARE(file.isOpen(), valid);
-    if (!valid) {
-        QVERIFY(!file.errorString().isEmpty());
-        QVERIFY(!file.Open(path.c_str(), 1));
-        QCOMPARE(qt(file.GetFilePath()), QString());
+        // From position 5 in a 10-byte file; a refused seek stays at 5.
+        QTest::newRow("begin 9") << qint64(9) << 0u << qint64(9);
+        QTest::newRow("begin 10 refused") << qint64(10) << 0u << qint64(5);
+        QTest::newRow("begin -3 is relative") << qint64(-3) << 0u << qint64(2);
+        QTest::newRow("current +4") << qint64(4) << 1u << qint64(9);
+        QTest::newRow("current +5 refused") << qint64(5) << 1u << qint64(5);
+        QTest::newRow("current -5") << qint64(-5) << 1u << qint64(0);
+        QTest::newRow("current -6 refused") << qint64(-6) << 1u << qint64(5);
+        QTest::newRow("end 0 to the end") << qint64(0) << 2u << qint64(10);
+        QTest::newRow("end 1 refused") << qint64(1) << 2u << qint64(5);
+        QTest::newRow("end -10") << qint64(-10) << 2u << qint64(0);
+        QTest::newRow("end -11 refused") << qint64(-11) << 2u << qint64(5);
+        QTest::newRow("origin 3") << qint64(1) << 3u << qint64(5);
+        QTest::newRow("current, largest offset") << std::numeric_limits<qint64>::max() << 1u << qint64(5);
+        QTest::newRow("end, smallest offset") << std::numeric_limits<qint64>::min() << 2u << qint64(5);
+        QTest::newRow("beyond 32 bits refused") << (qint64(1) << 32) << 0u << qint64(5);
     }
-    file.Close();
-    CKtFileStatus status;
-    QCOMPARE(CKtFile::GetStatus(path.c_str(), status), valid);
-    CKtFile::Rename(path.c_str(), other.c_str());
-    QCOMPARE(QFile::exists(target), !valid);
-    if (valid)
-        CKtFile::Rename(other.c_str(), path.c_str());
-    CKtFile::Remove(path.c_str());
-    QCOMPARE(QFile::exists(target), !valid);
-    if (!valid) {
-        QFile kept(target);
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), QByteArray("keep"));
+
+    void seek()
+    {
+        QFETCH(qint64, offset);
+        QFETCH(uint, from);
+        QFETCH(qint64, expected);
+
+        CKtFile file(wide(fileWith(QStringLiteral("ten"), QByteArray(10, 't'))).c_str(), 0);
+        file.seek(5);
+        QCOMPARE(file.Seek(offset, from), qulonglong(expected));
+        QCOMPARE(file.GetPosition(), qulonglong(expected));
     }
-}
 
-void tst_CKtFile::status()
-{
-    const QString path = fileWith(QStringLiteral("status"), "12345");
-    CKtFile file(wide(path).c_str(), 0);
-    CKtFileStatus status;
-    status.m_attribute = 0x5a;
-    QVERIFY(file.GetStatus(status));
-    QCOMPARE(status.m_size, qint64(5));
-    QCOMPARE(status.m_mtime, QFileInfo(path).lastModified());
-    QVERIFY(status.m_mtime.isValid());
-    QCOMPARE(QString::fromUtf8(status.m_szFullName), path);
-    QCOMPARE(status.m_attribute, quint8(0x5a));
+    void lengthAndEnds()
+    {
+        CKtFile file(wide(fileWith(QStringLiteral("len"), QByteArray(10, 'l'))).c_str(), 2);
+        file.SetLength(3);
+        QCOMPARE(file.GetLength(), 10ull);
+        QCOMPARE(file.GetPosition(), 3ull);
+        file.SetLength(50); // beyond the end: nothing moves, nothing grows
+        QCOMPARE(file.GetPosition(), 3ull);
+        QVERIFY(file.SeekToEnd());
+        QCOMPARE(file.GetPosition(), 10ull);
+        file.SeekToBegin();
+        QCOMPARE(file.GetPosition(), 0ull);
+        file.Close();
+        QCOMPARE(QFileInfo(file.fileName()).size(), qint64(10));
 
-    // A missing file still gives true, with invalid times and size 0.
-    const QString missing = m_dir.filePath(QStringLiteral("missing"));
-    QVERIFY(CKtFile::GetStatus(wide(missing).c_str(), status));
-    QCOMPARE(status.m_size, qint64(0));
-    QVERIFY(!status.m_mtime.isValid());
-    QCOMPARE(QString::fromUtf8(status.m_szFullName), missing);
-    QCOMPARE(status.m_attribute, quint8(0x5a));
+        // On an empty file 0 is not inside the file, so SeekToBegin stays at 0.
+        CKtFile empty(wide(m_dir.filePath(QStringLiteral("empty"))).c_str(), 2);
+        empty.SeekToBegin();
+        QCOMPARE(empty.GetPosition(), 0ull);
+    }
 
-    // A name longer than the array is cut, on a character boundary.
-    const QString deep = m_dir.path() + QStringLiteral("/\u00e9").repeated(3000);
-    QVERIFY(CKtFile::GetStatus(wide(deep).c_str(), status));
-    const QByteArray full(status.m_szFullName);
-    QVERIFY(full.size() < int(sizeof status.m_szFullName));
-    QVERIFY(QString::fromUtf8(full).toUtf8() == full);
-}
+    void names_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QStringList>("names"); // name, title, full path
 
-void tst_CKtFile::abortOnlyAnnounces()
-{
-    CKtFile file(wide(fileWith(QStringLiteral("abort"), "abc")).c_str(), 0);
-    QSignalSpy aboutToClose(&file, &QIODevice::aboutToClose);
-    file.seek(1);
-    file.Abort();
-    QCOMPARE(aboutToClose.count(), 1);
-    QVERIFY(file.isOpen());
-    QCOMPARE(file.GetPosition(), 1ull);
-}
+        // clang-format off
+        QTest::newRow("double extension") << "/d/x.tar.gz" << QStringList{"x.tar.gz", "x", "/d/x.tar.gz"};
+        QTest::newRow("relative") << "sub/a.b" << QStringList{"a.b", "a", QDir::current().absoluteFilePath("sub/a.b")};
+        QTest::newRow("empty") << "" << QStringList{"", "", ""};
+        // clang-format on
+    }
 
-void tst_CKtFile::readWriteCounts()
-{
-    CKtFile file(wide(fileWith(QStringLiteral("rw"), "abcdef")).c_str(), 0);
-    char buffer[16] = {};
-    QCOMPARE(file.Read(buffer, 4), 4u);
-    QCOMPARE(QByteArray(buffer, 4), QByteArray("abcd"));
-    QCOMPARE(file.Read(buffer, 16), 2u);
-    QCOMPARE(file.Read(buffer, 16), 0u);
-    QCOMPARE(file.Read(nullptr, 16), 0u);
-    file.Write("zz", 2); // read-only: the device refuses, nothing is reported
-    QCOMPARE(QFileInfo(file.fileName()).size(), qint64(6));
+    void names()
+    {
+        QFETCH(QString, path);
+        QFETCH(QStringList, names);
 
-    CKtFile writeOnly(wide(m_dir.filePath(QStringLiteral("wo"))).c_str(), 1);
-    QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu); // the device's -1, as it is
-    writeOnly.close();
-    QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu);
-    QCOMPARE(writeOnly.Read(buffer, 0), 0xFFFFFFFFu);
-}
+        CKtFile file;
+        file.SetFilePath(wide(path).c_str());
+        QCOMPARE(file.fileName(), path);
+        QCOMPARE(
+            (QStringList{qt(file.GetFileName()), qt(file.GetFileTitle()), qt(file.GetFilePath())}), names);
+    }
+
+    void nonAsciiPaths_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("Chinese") << QStringLiteral("\u56fe\u7eb8\u6587\u4ef6.dwg");
+        QTest::newRow("emoji") << QString::fromUtf8("plan \xF0\x9F\x98\x80.bin");
+    }
+
+    void nonAsciiPaths()
+    {
+        QFETCH(QString, name);
+        const QString path = m_dir.filePath(name);
+        {
+            CKtFile file(wide(path).c_str(), 1);
+            QVERIFY(file.isOpen());
+            file.Write("data", 4);
+            QCOMPARE(qt(file.GetFileName()), name);
+            QCOMPARE(qt(file.GetFilePath()), path);
+        }
+        CKtFileStatus status;
+        QVERIFY(CKtFile::GetStatus(wide(path).c_str(), status));
+        QCOMPARE(status.m_size, qint64(4));
+        QCOMPARE(QString::fromUtf8(status.m_szFullName), path);
+
+        const QString renamed = m_dir.filePath(QStringLiteral("\u2192") + name);
+        CKtFile::Rename(wide(path).c_str(), wide(renamed).c_str());
+        QVERIFY(!QFile::exists(path));
+        QVERIFY(QFile::exists(renamed));
+        CKtFile::Remove(wide(renamed).c_str());
+        QVERIFY(!QFile::exists(renamed));
+    }
+
+    void pathsOfNonCharacters_data()
+    {
+        QTest::addColumn<int>("unit"); // between "a" and "b" in the file name
+        QTest::addColumn<bool>("valid");
+        QTest::newRow("U+FFFD itself") << 0xFFFD << true;
+        QTest::newRow("high surrogate") << 0xD800 << false;
+        QTest::newRow("low surrogate") << 0xDC00 << false;
+        QTest::newRow("past U+10FFFF") << 0x110000 << false;
+        QTest::newRow("negative") << -1 << false;
+    }
+
+    void pathsOfNonCharacters()
+    {
+        QFETCH(int, unit);
+        QFETCH(bool, valid);
+        // Every one of these names would become "a\uFFFDb" on its way to Qt.
+        const QString target = fileWith(QStringLiteral("a\uFFFDb"), "keep");
+        std::wstring path = wide(m_dir.filePath(QStringLiteral("a")));
+        path += wchar_t(unit);
+        path += L'b';
+        const std::wstring other = wide(m_dir.filePath(QStringLiteral("other")));
+
+        CKtFile file(path.c_str(), 2);
+        QCOMPARE(file.isOpen(), valid);
+        if (!valid) {
+            QVERIFY(!file.errorString().isEmpty());
+            QVERIFY(!file.Open(path.c_str(), 1));
+            QCOMPARE(qt(file.GetFilePath()), QString());
+        }
+        file.Close();
+        CKtFileStatus status;
+        QCOMPARE(CKtFile::GetStatus(path.c_str(), status), valid);
+        CKtFile::Rename(path.c_str(), other.c_str());
+        QCOMPARE(QFile::exists(target), !valid);
+        if (valid)
+            CKtFile::Rename(other.c_str(), path.c_str());
+        CKtFile::Remove(path.c_str());
+        QCOMPARE(QFile::exists(target), !valid);
+        if (!valid) {
+            QFile kept(target);
+            QVERIFY(kept.open(QIODevice::ReadOnly));
+            QCOMPARE(kept.readAll(), QByteArray("keep"));
+        }
+    }
+
+    void status()
+    {
+        const QString path = fileWith(QStringLiteral("status"), "12345");
+        CKtFile file(wide(path).c_str(), 0);
+        CKtFileStatus status;
+        status.m_attribute = 0x5a;
+        QVERIFY(file.GetStatus(status));
+        QCOMPARE(status.m_size, qint64(5));
+        QCOMPARE(status.m_mtime, QFileInfo(path).lastModified());
+        QVERIFY(status.m_mtime.isValid());
+        QCOMPARE(QString::fromUtf8(status.m_szFullName), path);
+        QCOMPARE(status.m_attribute, quint8(0x5a));
+
+        // A missing file still gives true, with invalid times and size 0.
+        const QString missing = m_dir.filePath(QStringLiteral("missing"));
+        QVERIFY(CKtFile::GetStatus(wide(missing).c_str(), status));
+        QCOMPARE(status.m_size, qint64(0));
+        QVERIFY(!status.m_mtime.isValid());
+        QCOMPARE(QString::fromUtf8(status.m_szFullName), missing);
+        QCOMPARE(status.m_attribute, quint8(0x5a));
+
+        // A name longer than the array is cut, on a character boundary.
+        const QString deep = m_dir.path() + QStringLiteral("/\u00e9").repeated(3000);
+        QVERIFY(CKtFile::GetStatus(wide(deep).c_str(), status));
+        const QByteArray full(status.m_szFullName);
+        QVERIFY(full.size() < int(sizeof status.m_szFullName));
+        QVERIFY(QString::fromUtf8(full).toUtf8() == full);
+    }
+
+    void abortOnlyAnnounces()
+    {
+        CKtFile file(wide(fileWith(QStringLiteral("abort"), "abc")).c_str(), 0);
+        QSignalSpy aboutToClose(&file, &QIODevice::aboutToClose);
+        file.seek(1);
+        file.Abort();
+        QCOMPARE(aboutToClose.count(), 1);
+        QVERIFY(file.isOpen());
+        QCOMPARE(file.GetPosition(), 1ull);
+    }
+
+    void readWriteCounts()
+    {
+        CKtFile file(wide(fileWith(QStringLiteral("rw"), "abcdef")).c_str(), 0);
+        char buffer[16] = {};
+        QCOMPARE(file.Read(buffer, 4), 4u);
+        QCOMPARE(QByteArray(buffer, 4), QByteArray("abcd"));
+        QCOMPARE(file.Read(buffer, 16), 2u);
+        QCOMPARE(file.Read(buffer, 16), 0u);
+        QCOMPARE(file.Read(nullptr, 16), 0u);
+        file.Write("zz", 2); // read-only: the device refuses, nothing is reported
+        QCOMPARE(QFileInfo(file.fileName()).size(), qint64(6));
+
+        CKtFile writeOnly(wide(m_dir.filePath(QStringLiteral("wo"))).c_str(), 1);
+        QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu); // the device's -1, as it is
+        writeOnly.close();
+        QCOMPARE(writeOnly.Read(buffer, 4), 0xFFFFFFFFu);
+        QCOMPARE(writeOnly.Read(buffer, 0), 0xFFFFFFFFu);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_CKtFile)
 #include "tst_cktfile.moc"
