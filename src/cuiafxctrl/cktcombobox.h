@@ -20,6 +20,8 @@ class QLineEdit;
  * GetCount() reports -1 for an empty combo, the searches start at the start
  * index itself and never wrap around, SelectString() ignores its start index
  * and matches numbers loosely, and SetEditSel() takes a length, not an end.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtComboBox : public QComboBox
 {
@@ -41,6 +43,7 @@ public:
 
     /// @name Items
     /// @{
+
     /// Number of items; -1, not 0, when the combo is empty.
     int GetCount() const;
     /// Appends an item without changing the current item; returns its index.
@@ -84,6 +87,8 @@ public:
 
     /// @name Selection
     /// @{
+
+    /// Index of the current item; -1 when there is none.
     int GetCurSel() const;
     /// Makes @p nSelect current (none when out of range); returns @p nSelect as passed.
     int SetCurSel(int nSelect);

@@ -10,6 +10,8 @@
  *
  * Unlike the combo box, setting the text is not hidden from the dialog:
  * SetWindowText() emits textChanged() as a user edit would.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtEdit : public QLineEdit
 {

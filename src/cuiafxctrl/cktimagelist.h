@@ -7,6 +7,11 @@
 #include <QVector>
 
 /**
+ * @file
+ * The image list of the tree and list controls and its shared operations.
+ */
+
+/**
  * @brief The image list of the tree and list controls.
  *
  * An ordered, implicitly shared list of pictures addressed by index from 0.

@@ -26,6 +26,8 @@
  * LVIS_SELECTED is the only state, check boxes once switched on stay on,
  * GetNextItem() returns another selected row rather than the next one,
  * RedrawItems() excludes its last row and GetItemRect() gives the first cell.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtListCtrl : public QTableWidget
 {
@@ -38,10 +40,12 @@ public:
 
     /// @name Image list
     /// @{
+
     /// A copy of the image list; @p nImageList is ignored (there is one list).
     CKtImageList GetImageList(unsigned int nImageList) const;
     /// Installs @p list and returns the previous list; existing icons are not rebuilt.
     CKtImageList SetImageList(const CKtImageList& list, int nImageListType);
+    /// Appends @p image to the image list; existing items keep their icons.
     void AppendItemImage(const QPixmap& image);
     /// Empties the image list; items keep their icons.
     void ClearItemImageList();
@@ -56,6 +60,7 @@ public:
      */
     int InsertColumn(int nCol, const wchar_t* lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1,
         int nSubItem = -1);
+    /// Sets the width of column @p nCol to @p cx pixels; returns 1, also for a column that does not exist.
     int SetColumnWidth(int nCol, int cx);
     /// @}
 
@@ -81,22 +86,26 @@ public:
     int DeleteItem(int nItem);
     /// Removes every row (the columns stay) without emitting signals.
     int DeleteAllItems();
+    /// Number of rows.
     int GetItemCount() const;
     /// @}
 
     /// @name Text and data
     /// @{
+
     /// Sets the text of the cell, creating its item when needed; 1 also for a cell outside the table.
     int SetItemText(int nItem, int nSubItem, const wchar_t* lpszText);
     /// Text of the cell; empty when the cell has no item.
     KtString GetItemText(int nItem, int nSubItem) const;
     /// 0 when column 0 of the row has no item.
     int SetItemData(int nItem, unsigned long long dwData);
+    /// The item data of the row; 0 when none is stored or column 0 of the row has no item.
     unsigned long long GetItemData(int nItem) const;
     /// @}
 
     /// @name State and check boxes
     /// @{
+
     /// LVIS_SELECTED when @p nMask asks for it and a cell of the row is selected; otherwise 0.
     unsigned int GetItemState(int nItem, unsigned int nMask) const;
     /**
@@ -109,11 +118,13 @@ public:
     int SetExtendedStyle(unsigned int dwExStyle);
     /// Checks or unchecks column 0 of the row; 1 also when it has no item.
     int SetCheck(int nItem, int fCheck = 1);
+    /// 1 when column 0 of the row is checked, else 0 (also when it has no item).
     int GetCheck(int nItem) const;
     /// @}
 
     /// @name Selection queries
     /// @{
+
     /// Number of rows whose every cell is selected.
     int GetSelectedCount() const;
     /// Position of the first fully selected row, or null when there is none.
@@ -133,6 +144,7 @@ public:
 
     /// @name Geometry, visibility, editing
     /// @{
+
     /// Writes the viewport rectangle of the first cell of the row (right and bottom exclusive).
     int GetItemRect(int nItem, tagRECT* lpRect, unsigned int nCode) const;
     /// Scrolls column 0 of the row into view; 1 also for a missing row.
@@ -147,6 +159,7 @@ public:
     QPixmap CreateDragImage(int nItem, tagPOINT* lpPoint);
     /// @}
 
+    /// QTableWidget::setSelectionModel(); the selection queries then read the new model.
     void setSelectionModel(QItemSelectionModel* selectionModel) override;
 
 private:

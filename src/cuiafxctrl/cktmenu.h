@@ -39,6 +39,7 @@ public:
 
     /// Builds an empty menu with @p pParent as Qt parent and the separator style sheet.
     explicit CKtMenu(QWidget* pParent);
+    /// CKtMenu(nullptr): a menu without a Qt parent.
     CKtMenu();
     ~CKtMenu() override;
 
@@ -78,12 +79,14 @@ public:
      */
     int AppendMenu(
         unsigned int nFlags, unsigned long nIDNewItem, const wchar_t* lpszNewItem, const QIcon& icon);
+    /// The same without an icon.
     int AppendMenu(unsigned int nFlags, unsigned long nIDNewItem = 0, const wchar_t* lpszNewItem = nullptr);
     /**
      * Appends @p pSubMenu titled @p strTitle under @p nID. Returns 0 for a null
      * sub-menu, an empty title, or when this menu already holds a sub-menu (see checkExit()).
      */
     int AppendMenu(CKtMenu* pSubMenu, KtString& strTitle, unsigned long nID, const QIcon& icon);
+    /// The same without an icon.
     int AppendMenu(CKtMenu* pSubMenu, KtString& strTitle, unsigned long nID);
     /**
      * Like the sub-menu AppendMenu(), but placed before the action registered
@@ -91,6 +94,7 @@ public:
      */
     int InsertMenu(
         CKtMenu* pSubMenu, KtString& strTitle, unsigned long nID, unsigned long nBeforeID, const QIcon& icon);
+    /// The same without an icon.
     int InsertMenu(CKtMenu* pSubMenu, KtString& strTitle, unsigned long nID, unsigned long nBeforeID);
     /**
      * Inserts a text item or separator before position @p nPosition (MF_BYPOSITION

@@ -10,6 +10,8 @@
  *
  * Text set through SetWindowText() gets a heading: its first line is shown
  * bold and 6 points larger than the body. GetWindowText() returns plain text.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtRichEditCtrl : public QTextEdit
 {

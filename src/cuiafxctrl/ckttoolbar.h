@@ -23,6 +23,8 @@
  * LoadIcon() returns the file's icon without the transparency mask,
  * CommandToIndex() answers the button count for an unknown action, and
  * SetButtonText() writes the icon text.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtToolBar : public QToolBar
 {
@@ -35,14 +37,19 @@ public:
 
     /// @name Forwards
     /// @{
+
     /// The toolbar itself.
     CKtToolBar* GetToolBarCtrl() const;
     /// Sets the icon size to @p sizeImage; @p sizeButton is ignored.
     void SetSizes(QSize sizeButton, QSize sizeImage);
+    /// Fixes the toolbar's height at @p cyHeight pixels.
     void SetHeight(int cyHeight);
+    /// The Qt tool button style (icon only by default).
     Qt::ToolButtonStyle GetButtonStyle() const;
+    /// Sets the Qt tool button style.
     void SetButtonStyle(Qt::ToolButtonStyle style);
     using QWidget::setGeometry;
+    /// QWidget::setGeometry(@p rect).
     void setGeometry(const QRect& rect);
     /// Appends a separator; the argument is ignored. Returns 1.
     int AddSeparator(QAction* pAction = nullptr);
@@ -64,6 +71,7 @@ public:
     int AddButton(const QIcon& icon, QAction* pAction);
     /// AddButton(LoadIcon(@p strImagePath), @p pAction).
     int AddButton(QString strImagePath, QAction* pAction);
+    /// The same with a wide path, taken as UTF-32.
     int AddButton(const wchar_t* lpszImagePath, QAction* pAction);
     /// The icon of the image file @p strPath, light grey left as it is in the file.
     QIcon LoadIcon(QString strPath);
@@ -81,8 +89,10 @@ public:
 
     /// @name Queries by index
     /// @{
+
     /// The non-separator actions in order.
     QList<QAction*> GetListActions() const;
+    /// Number of buttons (separators not counted).
     int GetButtonCount() const;
     /// Index of @p pAction among the buttons: -1 without buttons, the button count when not found.
     int CommandToIndex(QAction* pAction) const;
@@ -95,6 +105,7 @@ public:
     void GetItemRect(int nIndex, tagRECT* lpRect) const;
     /// The text() of button @p nIndex; empty when out of range.
     QString GetButtonText(int nIndex) const;
+    /// Writes GetButtonText(@p nIndex) to @p rString.
     void GetButtonText(int nIndex, QString& rString) const;
     /// Sets the iconText() (not the text()) of button @p nIndex; 0 when out of range.
     int SetButtonText(int nIndex, const wchar_t* lpszText);

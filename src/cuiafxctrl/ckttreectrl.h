@@ -29,6 +29,8 @@
  * pseudo handles, an item deleted or taken out by any means, an item of
  * another tree) is treated as a null item by every call; such handles are
  * never dereferenced.
+ *
+ * @see @ref controls
  */
 class KTCMDQTUTILS_EXPORT CKtTreeCtrl : public QTreeWidget
 {
@@ -41,10 +43,12 @@ public:
 
     /// @name Image list
     /// @{
+
     /// A copy of the image list; @p nImageList is ignored (there is one list).
     CKtImageList GetImageList(unsigned int nImageList) const;
     /// Installs @p list and returns the previous list; existing icons are not rebuilt.
     CKtImageList SetImageList(const CKtImageList& list, int nImageListType);
+    /// Appends @p image to the image list; existing items keep their icons.
     void AppendItemImage(const QPixmap& image);
     /// Empties the image list; items keep their icons and indices.
     void ClearItemImageList();
@@ -68,6 +72,8 @@ public:
 
     /// @name Item values
     /// @{
+
+    /// Sets the text of column 0 (itemChanged() is emitted); 0 for a null item.
     int SetItemText(QTreeWidgetItem* hItem, const wchar_t* lpszItem);
     /// Text of column 0; empty for a null item.
     KtString GetItemText(QTreeWidgetItem* hItem) const;
@@ -75,7 +81,9 @@ public:
     int SetItemImage(QTreeWidgetItem* hItem, int nImage, int nSelectedImage);
     /// Writes -1 to both outputs, then the stored indices when @p hItem is non-null.
     int GetItemImage(QTreeWidgetItem* hItem, int& nImage, int& nSelectedImage) const;
+    /// Stores @p dwData under KtItemRole::ItemData; 0 for a null item.
     int SetItemData(QTreeWidgetItem* hItem, unsigned long long dwData);
+    /// The stored item data; 0 when there is none or for a null item.
     unsigned long long GetItemData(QTreeWidgetItem* hItem) const;
     /**
      * Changes the stored state bits. TVIS_STATEIMAGEMASK sets the check state
@@ -96,18 +104,24 @@ public:
 
     /// @name Navigation
     /// @{
+
     /// The first top-level item, or the invisible root item of an empty tree.
     QTreeWidgetItem* GetRootItem() const;
+    /// The current item (not read from the TVIS_SELECTED bits); null when there is none.
     QTreeWidgetItem* GetSelectedItem() const;
+    /// The parent; null for a top-level item or a null item.
     QTreeWidgetItem* GetParentItem(QTreeWidgetItem* hItem) const;
     /// The first child; for a null item the first top-level item.
     QTreeWidgetItem* GetChildItem(QTreeWidgetItem* hItem) const;
+    /// The next item under the same parent; null after the last one or for a null item.
     QTreeWidgetItem* GetNextSiblingItem(QTreeWidgetItem* hItem) const;
+    /// The previous item under the same parent; null before the first one or for a null item.
     QTreeWidgetItem* GetPrevSiblingItem(QTreeWidgetItem* hItem) const;
     /// The next sibling when bit 0 of @p nCode is set (TVGN_NEXT, also TVGN_CARET, ...), else null.
     QTreeWidgetItem* GetNextItem(QTreeWidgetItem* hItem, unsigned int nCode) const;
     /// The item at the top-left corner of the viewport.
     QTreeWidgetItem* GetFirstVisibleItem() const;
+    /// 1 when the item has children, else 0 (also for a null item).
     int ItemHasChildren(QTreeWidgetItem* hItem) const;
     /// Number of items in the whole tree, collapsed branches included.
     unsigned int GetCount() const;
@@ -119,12 +133,14 @@ public:
 
     /// @name Selection, editing, expansion
     /// @{
+
     /// Moves TVIS_SELECTED to @p hItem and makes it current (null clears the current item).
     int SelectItem(QTreeWidgetItem* hItem);
     /// Only TVGN_CARET is honoured; other codes give 0.
     int Select(QTreeWidgetItem* hItem, unsigned int nCode);
     /// Makes @p hItem accept drops; no highlight is drawn.
     int SelectDropTarget(QTreeWidgetItem* hItem);
+    /// Scrolls the item into view (QTreeWidget::scrollToItem()); 0 for a null item.
     int EnsureVisible(QTreeWidgetItem* hItem);
     /// Makes the item editable (without signals) and opens its editor; 1, or 0 for a null item.
     int EditLabel(QTreeWidgetItem* hItem);
@@ -140,9 +156,12 @@ public:
 
     /// @name Check boxes
     /// @{
+
     /// Items inserted afterwards get @p flags and an unchecked box while @p bCheck is non-zero.
     void SetCheckBoxes(int bCheck, QFlags<Qt::ItemFlag> flags = Qt::ItemIsUserCheckable);
+    /// The @p bCheck last given to SetCheckBoxes(); 0 before any call.
     int GetCheckBoxes() const;
+    /// Checks the item (@p fCheck non-zero) or unchecks it, signals not blocked; 0 for a null item.
     int SetCheck(QTreeWidgetItem* hItem, int fCheck = 1);
     /// 1 when the check state last set by program is Qt::Checked; user clicks are not seen.
     int GetCheck(QTreeWidgetItem* hItem) const;
@@ -150,8 +169,10 @@ public:
 
     /// @name Deletion and drag image
     /// @{
+
     /// Deletes the item and its subtree without emitting signals; 1 also for a null item.
     int DeleteItem(QTreeWidgetItem* hItem);
+    /// Removes every item (QTreeWidget::clear()); returns 1.
     int DeleteAllItems();
     /// Grabs the screen area of the item; the caller owns the pixmap.
     QPixmap CreateDragImage(QTreeWidgetItem* hItem);

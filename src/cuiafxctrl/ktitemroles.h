@@ -8,6 +8,7 @@
  * in column 0. Code reading items straight from the Qt model relies on these
  * numbers. An absent value reads as 0.
  */
+/// Item data roles of CKtTreeCtrl and CKtListCtrl.
 namespace KtItemRole {
 /// Item data (qulonglong; the list's structure insert stores qlonglong).
 constexpr int ItemData = Qt::UserRole + 1;

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+/// @file
+/// Look-up of the visible texts of the widgets in the host's language service.
+
 /**
  * Text of the resource key @p key from the host's language service
  * "KtUiLanguageSvr", or @p defaultText when no such service is registered.
