@@ -13,6 +13,8 @@ namespace TORV_PLOT_SPECIALLY_SPCAE {
  * Row 0 is "use the object's fill style" (73) without a picture; rows 1 to 9
  * are the fills 64 to 72 with tiles of "plot/plotstyle_fillstyle.bmp". Without
  * that bitmap only row 0 is there. Item data (Qt::UserRole): FillStyleMap.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsFillStyleComboBox : public QComboBox
 {

@@ -13,34 +13,35 @@
  * also what an item without such data reads as, has an empty name and value 0.
  */
 
+/// The plot-style widgets and the records they keep. @see @ref plotstyle
 namespace TORV_PLOT_SPECIALLY_SPCAE {
 
 /// A line type and its display text.
 struct LineTypeMap
 {
-    QString name;
-    KtPs::LineType value = KtPs::LineType(0);
+    QString name; ///< the text shown in the combo box
+    KtPs::LineType value = KtPs::LineType(0); ///< the plot style's value
 };
 
 /// A fill style and its display text.
 struct FillStyleMap
 {
-    QString name;
-    KtPs::FillStyle value = KtPs::FillStyle(0);
+    QString name; ///< the text shown in the combo box
+    KtPs::FillStyle value = KtPs::FillStyle(0); ///< the plot style's value
 };
 
 /// A line join style and its display text.
 struct JoinStyleMap
 {
-    QString name;
-    KtPs::LineJoinStyle value = KtPs::LineJoinStyle(0);
+    QString name; ///< the text shown in the combo box
+    KtPs::LineJoinStyle value = KtPs::LineJoinStyle(0); ///< the plot style's value
 };
 
 /// A line end style and its display text.
 struct EndPointStyleMap
 {
-    QString name;
-    KtPs::LineEndStyle value = KtPs::LineEndStyle(0);
+    QString name; ///< the text shown in the combo box
+    KtPs::LineEndStyle value = KtPs::LineEndStyle(0); ///< the plot style's value
 };
 
 } // namespace TORV_PLOT_SPECIALLY_SPCAE

@@ -14,6 +14,8 @@ namespace TORV_PLOT_SPECIALLY_SPCAE {
  * are miter, bevel, round and diamond (0 to 3) with tiles of
  * "plot/plotstyle_connectstyle.bmp". Without that bitmap only row 0 is there.
  * Item data (Qt::UserRole): JoinStyleMap.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsJoinStyleComboBox : public QComboBox
 {

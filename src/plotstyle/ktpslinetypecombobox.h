@@ -22,6 +22,8 @@ extern KTCMDQTUTILS_EXPORT const LineTypeMap g_global_LineTypeName[32];
  * Row 0 is "use the object's line type" (value 31, no picture); rows 1 to 31
  * carry the values 0 to 30 with a pattern drawn by createLineType(). Each
  * row's item data (Qt::UserRole) is its LineTypeMap.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsLineTypeComboBox : public QComboBox
 {

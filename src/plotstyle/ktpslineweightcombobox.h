@@ -16,6 +16,8 @@ namespace TORV_PLOT_SPECIALLY_SPCAE {
  * position in the list, not the weight. Rebuilding the rows does not block
  * signals, so QComboBox reports the index changes as usual; re-select with
  * setCurrentLineWeight(), which emits nothing.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsLineWeightComboBox : public QComboBox
 {
@@ -28,6 +30,7 @@ public:
 
     /// Stores a copy of @p list (weights in millimetres) and rebuilds the rows.
     void setLineWeightList(QVector<double>& list);
+    /// A copy of the stored weights, in millimetres.
     QVector<double> getLineWeightList();
     /// Rebuilds all rows from the stored list.
     void refreshLineWeightList();

@@ -32,13 +32,17 @@ struct PlotStyleList
  * change only the records, and the rows show them after refreshStyleList().
  * Each row is a StyleListItem widget. A right click is reported through
  * itemMenuRequest(); the owner shows the menu.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsStyleList : public QListWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty list without records.
     explicit KtPsStyleList(QWidget* parent = nullptr);
+    /// Drops the records; the host's plot style objects are not touched.
     ~KtPsStyleList() override;
 
     /// Inserts a record before @p index (the size appends); other indexes are ignored.

@@ -35,6 +35,8 @@ extern KTCMDQTUTILS_EXPORT const QColor g_global_color[7];
  * "choose colour..." last, which the dialog answers with its own colour
  * chooser through QComboBox's signals. The closed combo paints its own face:
  * a swatch and the name of the current entry.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT KtPsTrueColorComboBox : public QComboBox
 {

@@ -18,6 +18,8 @@ class KtPsStyleList;
  * The row it stands for is fixed at creation. When that row is the list's
  * current row the item highlights itself (from x = 25, so never the swatch):
  * light grey when its own text colour is dark, dark blue when it is light.
+ *
+ * @see @ref plotstyle
  */
 class KTCMDQTUTILS_EXPORT StyleListItem : public QWidget
 {
@@ -36,6 +38,7 @@ public:
     QString convertRGBToHexColor(QColor color);
 
 protected:
+    /// Draws the highlight when selected, the 12 x 12 swatch at (11, 4) and the name.
     void paintEvent(QPaintEvent* event) override;
 
 private:
