@@ -8,6 +8,8 @@
  *
  * In KtUiArrowComboBox @c blockName is upper-case (the key a block is found
  * again by); in KtUiPredefBlockComboBox it is the block's own mixed-case name.
+ *
+ * @see @ref blockpickers
  */
 struct ArrowNameInfo
 {

@@ -27,6 +27,8 @@ class KtDbDatabase;
  * Standard rows are addressed by their row number 0 to 19, also where drawing
  * blocks stand above them: findItemByArrowBlockName() returns it and the
  * index slot takes it as such.
+ *
+ * @see @ref blockpickers
  */
 class KTCMDQTUTILS_EXPORT KtUiArrowComboBox : public QComboBox
 {
@@ -101,6 +103,13 @@ Q_SIGNALS:
     void arrowItemChanged(int index);
 
 public Q_SLOTS:
+    /**
+     * Follows the current index (connected by the constructor). Rows 0 to 19
+     * are taken as standard row numbers and their block is made when missing;
+     * another row is a chosen drawing block, found by name; "user arrow..."
+     * puts the previous row back, asks the host's dialog and selects the block
+     * it answers. Emits arrowItemChanged() for every index from 0; -1 is ignored.
+     */
     void slot_currentArrowIndexChanged(int index);
 
 private:

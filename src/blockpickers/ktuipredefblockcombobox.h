@@ -21,12 +21,15 @@ class KtDbBlockTableRecord;
  *
  * The slot follows the current index; as the connection is made before the
  * rows are inserted, the first row's block is made when the combo is built.
+ *
+ * @see @ref blockpickers
  */
 class KTCMDQTUTILS_EXPORT KtUiPredefBlockComboBox : public QComboBox
 {
     Q_OBJECT
 
 public:
+    /// Calls Initialize(), which makes the first row's block in the current drawing.
     explicit KtUiPredefBlockComboBox(QWidget* parent = nullptr);
     ~KtUiPredefBlockComboBox() override;
 
