@@ -19,17 +19,22 @@
  * the recursive mutex (getMutex()), then emits finishedPreview(), also when it
  * was stopped or had nothing to do. stop() ends the loop after the page in
  * progress.
+ *
+ * @see @ref pdfpreview
  */
 class KTCMDQTUTILS_EXPORT KtLoadPdfIconThread : public QThread
 {
     Q_OBJECT
 
 public:
+    /// A stopped loader of type 0 with no items and its recursive mutex.
     explicit KtLoadPdfIconThread(QObject* parent = nullptr);
+    /// Sets the stop flag and waits for the loop to end.
     ~KtLoadPdfIconThread() override;
 
     /// 0: items of a PDF definition's file; any other value: items of a document of the host's service.
     void setType(int type);
+    /// The type last given to setType(); 0 at first.
     int getType() const;
     /// Makes the item array exactly max(@p count, 0) long, keeping its entries; clears the stop flag.
     void setItemCount(int count);
@@ -54,6 +59,11 @@ Q_SIGNALS:
     void finishedPreview();
 
 protected:
+    /**
+     * The loop (start it with start()): for each page from index 0, getImage()
+     * and sendPageQPixmap() under the mutex, until the last page or stop();
+     * then finishedPreview(), also under the mutex.
+     */
     void run() override;
 
 private:

@@ -9,6 +9,8 @@
  * destruction if still locked.
  *
  * Used with the recursive mutex of KtLoadPdfIconThread (getMutex()).
+ *
+ * @see @ref pdfpreview
  */
 class KTCMDQTUTILS_EXPORT KtMutexAutoLock
 {

@@ -21,18 +21,24 @@ class QMouseEvent;
  * sizes, 82 x 102 (small, the default) and 180 x 256, are switched with
  * switchPicture(). A click on empty space changes nothing; dragging selects
  * nothing.
+ *
+ * @see @ref pdfpreview
  */
 class KTCMDQTUTILS_EXPORT KtPdfPageListWidget : public QListWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty icon-mode list (spacing 15, static items) with its own KtLoadPdfIconThread.
     explicit KtPdfPageListWidget(QWidget* parent = nullptr);
+    /// Stops the loader and waits for it before the list goes.
     ~KtPdfPageListWidget() override;
 
     /// 0 (the default): PDF files; any other value: documents of the host's underlay service 423.
     void setType(int type);
+    /// The large icon size (180 x 256 by default); used from the next switchPicture() or setInfo().
     void setLargeImageSize(int width, int height);
+    /// The small icon size (82 x 102 by default); used from the next switchPicture() or setInfo().
     void setSmallImageSize(int width, int height);
     /// Shows the small (@p small true) or the large icons; safe while images arrive.
     void switchPicture(bool small);
@@ -61,10 +67,15 @@ Q_SIGNALS:
     void hasFinishedPreview();
 
 protected:
+    /// Passes through the loader's mutex first, so that page images handed over are seen in order.
     bool event(QEvent* event) override;
+    /// Handled only on an item: a press on empty space keeps the selection and the current row.
     void mousePressEvent(QMouseEvent* event) override;
+    /// Handled only on an item.
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// Ignored: no drag selection and no rubber band.
     void mouseMoveEvent(QMouseEvent* event) override;
+    /// QListWidget's handling.
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
