@@ -10,6 +10,8 @@
  * @brief Status record filled by CKtFile::GetStatus().
  *
  * The caller owns it. GetStatus() never writes @c m_attribute.
+ *
+ * @see @ref archive
  */
 struct KTCMDQTUTILS_EXPORT CKtFileStatus
 {
@@ -30,6 +32,8 @@ struct KTCMDQTUTILS_EXPORT CKtFileStatus
  * CKtArchive reaches the file only through the virtual operations, so a
  * subclass may replace any of them, for example to lend a direct buffer
  * through GetBufferPtr().
+ *
+ * @see @ref archive
  */
 class KTCMDQTUTILS_EXPORT CKtFile : public QFile
 {
