@@ -1,6 +1,5 @@
 // Tests of what the foundation-class controls share: string conversions,
-// the published values no other test reaches, image-list operations and the
-// resource-text look-up.
+// the order of the structures' members and the resource-text look-up.
 
 #include <CJxServiceDictionary>
 #include <CJxSystem>
@@ -12,13 +11,6 @@
 #include <cstddef>
 
 namespace {
-
-QPixmap solid(const QColor& color)
-{
-    QPixmap pixmap(8, 8);
-    pixmap.fill(color);
-    return pixmap;
-}
 
 // A host object registered under the language service's name that is not a language service.
 class NotALanguageService : public CJxRxObject
@@ -32,118 +24,76 @@ class TestCuiAfxConventions : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void wideToQString_data();
-    void wideToQString();
-    void malformedWideText();
-    void publishedValues();
-    void structures();
-    void clearKeepsStorage();
-    void resourceText();
-};
-
-void TestCuiAfxConventions::wideToQString_data()
-{
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("empty") << QString();
-    QTest::newRow("ascii") << QStringLiteral("Layer 0");
-    QTest::newRow("chinese") << QStringLiteral("使用对象线型");
-    QTest::newRow("emoji outside the BMP") << QStringLiteral("a🙂b");
-}
-
-void TestCuiAfxConventions::wideToQString()
-{
-    QFETCH(QString, expected);
-
-    const std::wstring wide = expected.toStdWString();
-    QCOMPARE(ktutWideToQString(wide.c_str()), expected);
-
-    const KtString back = ktutQStringToKtString(expected);
-    QCOMPARE(back.length(), int(wide.size())); // one wchar_t per code point
-    QCOMPARE(back, KtString(wide.c_str()));
-}
-
-void TestCuiAfxConventions::malformedWideText()
-{
-    QCOMPARE(ktutWideToQString(nullptr), QString());
-
-    // A lone surrogate and a value past U+10FFFF cannot cross as they are; the
-    // rest of the text must.
-    const wchar_t bad[] = {L'a', wchar_t(0xD800), L'b', wchar_t(0x110000), L'c', 0};
-    const QString converted = ktutWideToQString(bad);
-    QVERIFY(converted.startsWith(QLatin1Char('a')));
-    QVERIFY(converted.contains(QLatin1Char('b')));
-    QVERIFY(converted.endsWith(QLatin1Char('c')));
-    for (const QChar ch : converted)
-        QVERIFY(!ch.isSurrogate());
-
-    const QString loneSurrogate = QStringLiteral("x") + QChar(0xDC00) + QStringLiteral("y");
-    const KtString wide = ktutQStringToKtString(loneSurrogate);
-    QCOMPARE(wide.at(0), L'x');
-    QCOMPARE(wide.at(wide.length() - 1), L'y');
-}
-
-void TestCuiAfxConventions::publishedValues()
-{
-    // Ported code combines and compares these as numbers; the others are used by name in other tests.
-    QCOMPARE(qlonglong(TVHT_NOWHERE | TVHT_ONITEMICON | TVHT_ONITEMLABEL), 7LL);
-    QCOMPARE(qlonglong(TVIS_STATEIMAGEMASK), 0xF000LL);
-    QCOMPARE(qlonglong(CB_ERR), -1LL);
-}
-
-void TestCuiAfxConventions::structures()
-{
-    // Members in the published order, so that aggregate initialisation ports unchanged.
-    const tagRECT rect{1, 2, 3, 4};
-    QCOMPARE(rect.right, 3);
-    QCOMPARE(offsetof(tagTVITEM, pszText), offsetof(tagTVITEM, stateMask) + sizeof(unsigned int));
-    QVERIFY(offsetof(tagTVINSERTSTRUCT, hInsertAfter) < offsetof(tagTVINSERTSTRUCT, item));
-    QVERIFY(offsetof(tagLVITEMW, iSubItem) < offsetof(tagLVITEMW, pszText));
-    QVERIFY(offsetof(tagLVITEMW, iImage) < offsetof(tagLVITEMW, lParam));
-
-    const CPoint point(QPoint(3, -4));
-    QCOMPARE(QPoint(point), QPoint(3, -4));
-    QVERIFY(CPoint(tagPOINT{3, -4}) == point);
-}
-
-void TestCuiAfxConventions::clearKeepsStorage()
-{
-    // Index checks, icons and list replacement are covered through the tree control.
-    CKtImageList list{solid(Qt::red), solid(Qt::blue), solid(Qt::green)};
-    const int capacity = list.capacity();
-    KtImageListOps::clear(list);
-    QVERIFY(list.isEmpty());
-    QCOMPARE(list.capacity(), capacity);
-}
-
-void TestCuiAfxConventions::resourceText()
-{
-    const wchar_t* key = L"IDS_PLOTSTYLEOPTIONCMD_6";
-    CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
-    QVERIFY(!services->hasService(KtString(KT_UI_LANGUAGE_SERVICE_NAME))); // none at start-up
-
-    QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
-    QCOMPARE(ktutResourceText(key, nullptr), QString());
-
+    void conversions()
     {
-        KtUiCatalogueLanguageSvr english;
-        QVERIFY(english.loadBuiltIn(QStringLiteral("en")));
-        QVERIFY(english.registerWithHost());
-        // Looked up afresh: a service registered after earlier calls is used.
-        QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("Solid"));
-        QCOMPARE(ktutResourceText(L"IDS_NO_SUCH_KEY", L"默认"), QStringLiteral("默认"));
-        english.insert(QStringLiteral("IDS_TEST"), QStringLiteral("🙂 Test"));
-        QCOMPARE(ktutResourceText(L"IDS_TEST", L""), QStringLiteral("🙂 Test"));
-    }
-    // The service went away with its owner.
-    QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
+        // One wchar_t per code point both ways, characters outside the BMP included.
+        for (const QString& text : {QString(), QStringLiteral("使用对象线型 a🙂b")}) {
+            const std::wstring wide = text.toStdWString();
+            QCOMPARE(ktutWideToQString(wide.c_str()), text);
+            const KtString back = ktutQStringToKtString(text);
+            QCOMPARE(back.length(), int(wide.size()));
+            QCOMPARE(back, KtString(wide.c_str()));
+        }
+        QCOMPARE(ktutWideToQString(nullptr), QString());
 
-    // Something that is not a language service under that name is not asked.
-    NotALanguageService impostor;
-    QVERIFY(services->registerService(KtString(KT_UI_LANGUAGE_SERVICE_NAME), &impostor));
-    QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
-    QVERIFY(services->unregisterService(KtString(KT_UI_LANGUAGE_SERVICE_NAME)));
-}
+        // A lone surrogate and a value past U+10FFFF cannot cross as they are; the
+        // rest of the text must.
+        const wchar_t bad[] = {L'a', wchar_t(0xD800), L'b', wchar_t(0x110000), L'c', 0};
+        const QString converted = ktutWideToQString(bad);
+        QVERIFY(converted.startsWith(QLatin1Char('a')));
+        QVERIFY(converted.contains(QLatin1Char('b')));
+        QVERIFY(converted.endsWith(QLatin1Char('c')));
+        for (const QChar ch : converted)
+            QVERIFY(!ch.isSurrogate());
+
+        const QString loneSurrogate = QStringLiteral("x") + QChar(0xDC00) + QStringLiteral("y");
+        const KtString wide = ktutQStringToKtString(loneSurrogate);
+        QCOMPARE(wide.at(0), L'x');
+        QCOMPARE(wide.at(wide.length() - 1), L'y');
+    }
+
+    void structures()
+    {
+        // Members in the published order, so that aggregate initialisation ports unchanged.
+        // (tagRECT and tagTVITEM are initialised so in the list and tree tests.)
+        QVERIFY(offsetof(tagTVINSERTSTRUCT, hInsertAfter) < offsetof(tagTVINSERTSTRUCT, item));
+        QVERIFY(offsetof(tagLVITEMW, iSubItem) < offsetof(tagLVITEMW, pszText));
+        QVERIFY(offsetof(tagLVITEMW, iImage) < offsetof(tagLVITEMW, lParam));
+
+        const CPoint point(QPoint(3, -4));
+        QCOMPARE(QPoint(point), QPoint(3, -4));
+        QVERIFY(CPoint(tagPOINT{3, -4}) == point);
+    }
+
+    void resourceText()
+    {
+        const wchar_t* key = L"IDS_PLOTSTYLEOPTIONCMD_6";
+        CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
+        QVERIFY(!services->hasService(KtString(KT_UI_LANGUAGE_SERVICE_NAME))); // none at start-up
+
+        QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
+        QCOMPARE(ktutResourceText(key, nullptr), QString());
+
+        {
+            KtUiCatalogueLanguageSvr english;
+            QVERIFY(english.loadBuiltIn(QStringLiteral("en")));
+            QVERIFY(english.registerWithHost());
+            // Looked up afresh: a service registered after earlier calls is used.
+            QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("Solid"));
+            QCOMPARE(ktutResourceText(L"IDS_NO_SUCH_KEY", L"默认"), QStringLiteral("默认"));
+            english.insert(QStringLiteral("IDS_TEST"), QStringLiteral("🙂 Test"));
+            QCOMPARE(ktutResourceText(L"IDS_TEST", L""), QStringLiteral("🙂 Test"));
+        }
+        // The service went away with its owner.
+        QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
+
+        // Something that is not a language service under that name is not asked.
+        NotALanguageService impostor;
+        QVERIFY(services->registerService(KtString(KT_UI_LANGUAGE_SERVICE_NAME), &impostor));
+        QCOMPARE(ktutResourceText(key, L"实心"), QStringLiteral("实心"));
+        QVERIFY(services->unregisterService(KtString(KT_UI_LANGUAGE_SERVICE_NAME)));
+    }
+};
 
 QTEST_MAIN(TestCuiAfxConventions)
 #include "tst_cuiafxconventions.moc"
