@@ -163,44 +163,41 @@ class KtDbDxfOutTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void writeDrawings_data();
-    void writeDrawings();
+    void writeDrawings_data()
+    {
+        QTest::addColumn<int>("measurement");
+        QTest::addColumn<int>("insunits");
+        QTest::newRow("imperial") << 0 << 1;
+        QTest::newRow("metric") << 1 << 4;
+    }
+
+    void writeDrawings()
+    {
+        QFETCH(int, measurement);
+        QFETCH(int, insunits);
+        QTemporaryDir temporary;
+        QString dir = qEnvironmentVariable("KT_DXF_OUT_DIR");
+        if (dir.isEmpty())
+            dir = temporary.path();
+        QVERIFY(QDir().mkpath(dir));
+
+        FreshDrawing drawing(measurement);
+        drawing.db()->setInsunits(insunits);
+        for (int index = 1; index < 20; ++index)
+            QVERIFY(!KtUiArrowComboBox::GenerateArrowHeadBlock(index).isNull());
+        for (int index = 0; index < 6; ++index)
+            QVERIFY(!KtUiPredefBlockComboBox::GeneratePredefHeadBlock(index).isNull());
+        addMixedBlock(drawing.db());
+        QCOMPARE(blockCount(drawing.db()), 2 + 19 + 6 + 1);
+
+        const QString base = dir + QLatin1Char('/') + QLatin1String(QTest::currentDataTag());
+        const std::wstring dxf = (base + QStringLiteral(".dxf")).toStdWString();
+        QCOMPARE(drawing.db()->dxfOut(dxf.c_str()), Kt::eOk);
+        QFile json(base + QStringLiteral(".json"));
+        QVERIFY(json.open(QIODevice::WriteOnly));
+        json.write(QJsonDocument(drawingJson(drawing.db())).toJson());
+    }
 };
-
-void KtDbDxfOutTest::writeDrawings_data()
-{
-    QTest::addColumn<int>("measurement");
-    QTest::addColumn<int>("insunits");
-    QTest::newRow("imperial") << 0 << 1;
-    QTest::newRow("metric") << 1 << 4;
-}
-
-void KtDbDxfOutTest::writeDrawings()
-{
-    QFETCH(int, measurement);
-    QFETCH(int, insunits);
-    QTemporaryDir temporary;
-    QString dir = qEnvironmentVariable("KT_DXF_OUT_DIR");
-    if (dir.isEmpty())
-        dir = temporary.path();
-    QVERIFY(QDir().mkpath(dir));
-
-    FreshDrawing drawing(measurement);
-    drawing.db()->setInsunits(insunits);
-    for (int index = 1; index < 20; ++index)
-        QVERIFY(!KtUiArrowComboBox::GenerateArrowHeadBlock(index).isNull());
-    for (int index = 0; index < 6; ++index)
-        QVERIFY(!KtUiPredefBlockComboBox::GeneratePredefHeadBlock(index).isNull());
-    addMixedBlock(drawing.db());
-    QCOMPARE(blockCount(drawing.db()), 2 + 19 + 6 + 1);
-
-    const QString base = dir + QLatin1Char('/') + QLatin1String(QTest::currentDataTag());
-    const std::wstring dxf = (base + QStringLiteral(".dxf")).toStdWString();
-    QCOMPARE(drawing.db()->dxfOut(dxf.c_str()), Kt::eOk);
-    QFile json(base + QStringLiteral(".json"));
-    QVERIFY(json.open(QIODevice::WriteOnly));
-    json.write(QJsonDocument(drawingJson(drawing.db())).toJson());
-}
 
 QTEST_MAIN(KtDbDxfOutTest)
 #include "tst_ktdbdxfout.moc"
