@@ -97,12 +97,6 @@ private Q_SLOTS:
     {
         m_three = writePdf(m_dir.filePath("three.pdf"), 3);
         m_many = writePdf(m_dir.filePath("many.pdf"), 200);
-        QFile whole(m_three), garbage(m_dir.filePath("garbage.pdf"));
-        QFile truncated(m_dir.filePath("truncated.pdf"));
-        QVERIFY(whole.open(QIODevice::ReadOnly) && garbage.open(QIODevice::WriteOnly));
-        QVERIFY(truncated.open(QIODevice::WriteOnly));
-        garbage.write(QByteArray(5000, 'x'));
-        truncated.write(whole.read(300));
     }
 
     void placeholdersThenImages()
@@ -138,9 +132,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("type"); // 0: a PDF; 1, 2: a document of service 423 (none, the wrong class)
+        // Files Poppler cannot read all take one way; a locked one another.
         QTest::newRow("missing") << "missing.pdf" << 0;
-        QTest::newRow("garbage") << "garbage.pdf" << 0;
-        QTest::newRow("truncated") << "truncated.pdf" << 0;
         QTest::newRow("password") << "locked.pdf" << 0;
         QTest::newRow("no service 423") << "" << 1;
         QTest::newRow("service 423 of another class") << "" << 2;
