@@ -212,17 +212,16 @@ private Q_SLOTS:
         QTest::newRow("exact needs the whole text") << fruit << -1 << "app" << 0 << 3 << 3;
         QTest::newRow("no wrap-around") << fruit << 1 << "apple" << -1 << -1 << 0;
         QTest::newRow("start INT_MAX") << fruit << INT_MAX << "a" << -1 << -1 << -1;
-        QTest::newRow("start INT_MIN") << fruit << INT_MIN << "apple" << 0 << 0 << 0;
         QTest::newRow("empty text matches the start") << fruit << 3 << "" << 3 << -1 << -1;
         QTest::newRow("null text, empty item") << QStringList{"a", ""} << 0 << QString() << 0 << 1 << 1;
         QTest::newRow("non-ASCII case") << QStringList{"straße", "ÄRGER"} << -1 << "ärg" << 1 << -1 << -1;
         QTest::newRow("empty combo") << QStringList{} << 0 << "" << -1 << -1 << -1;
         QTest::newRow("differs by -0.9") << QStringList{"1.6"} << -1 << "2.5" << -1 << -1 << 0;
         QTest::newRow("differs by 1") << QStringList{"3.5", "2"} << -1 << "2.5" << -1 << -1 << 1;
-        QTest::newRow("a word ends number matching")
-            << QStringList{"1.00", "abc", "2"} << -1 << "2.5" << -1 << -1 << -1;
-        QTest::newRow("text still matches after a word")
-            << QStringList{"abc", "2.5"} << -1 << "2.5" << 1 << 1 << 1;
+        // clang-format off
+        QTest::newRow("a word ends number matching") << QStringList{"1.00", "abc", "2"} << -1 << "2.5" << -1 << -1 << -1;
+        QTest::newRow("text still matches after a word") << QStringList{"abc", "2.5"} << -1 << "2.5" << 1 << 1 << 1;
+        // clang-format on
     }
 
     void search()
