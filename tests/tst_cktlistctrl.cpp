@@ -361,36 +361,29 @@ private Q_SLOTS:
         auto qt = [](const char* name, std::function<void(CKtListCtrl&)> change) {
             QTest::newRow(name) << -1 << -1 << Operation([change](CKtListCtrl& l) { return change(l), 1; });
         };
+        // clang-format off
         add("nothing", 0, 0, [](CKtListCtrl&) { return 1; });
         add("DeleteItem of the current row", 0, 0, [](CKtListCtrl& l) { return l.DeleteItem(1); });
-        add("DeleteItem while blocked", 0, 0, [](CKtListCtrl& l) {
-            l.blockSignals(true); // unblocked afterwards, not restored
-            return l.DeleteItem(0);
-        });
+        // Blocking is switched off afterwards, not restored.
+        add("DeleteItem while blocked", 0, 0, [](CKtListCtrl& l) { l.blockSignals(true); return l.DeleteItem(0); });
         add("DeleteAllItems", 0, 0, [](CKtListCtrl& l) { return l.DeleteAllItems(); });
         add("SetItemText", 1, 0, [](CKtListCtrl& l) { return l.SetItemText(0, 1, L"x"); });
         add("SetItemText on a new cell", 1, 0, [](CKtListCtrl& l) { return l.SetItemText(2, 1, L"x"); });
         add("SetCheck", 1, 0, [](CKtListCtrl& l) { return l.SetCheck(0, 1); });
-        add("InsertItem with a structure", 1, 0, [](CKtListCtrl& l) {
-            tagLVITEMW lv = lvItem(0, 8);
-            return int(l.InsertItem(&lv) == 8);
-        });
-        add("SetItemState selects", 0, 1,
-            [](CKtListCtrl& l) { return l.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED); });
+        add("InsertItem with a structure", 1, 0, [](CKtListCtrl& l) { tagLVITEMW lv = lvItem(0, 8); return int(l.InsertItem(&lv) == 8); });
+        add("SetItemState selects", 0, 1, [](CKtListCtrl& l) { return l.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED); });
         qt("add a row to the selection", [](CKtListCtrl& l) { selectRows(l, {0}); });
         qt("insert a last column", [](CKtListCtrl& l) { l.InsertColumn(3, L"late"); });
         qt("remove a column", [](CKtListCtrl& l) { l.removeColumn(2); });
         qt("sort", [](CKtListCtrl& l) { l.sortItems(0, Qt::DescendingOrder); });
-        qt("make a row unselectable", [](CKtListCtrl& l) {
-            for (int column = 0; column < 3; ++column)
-                l.item(3, column)->setFlags(Qt::ItemIsEnabled);
-        });
+        qt("make a row unselectable", [](CKtListCtrl& l) { for (int column = 0; column < 3; ++column) l.item(3, column)->setFlags(Qt::ItemIsEnabled); });
         qt("clear", [](CKtListCtrl& l) { l.clear(); });
         qt("new selection model", [](CKtListCtrl& l) {
             auto* fresh = new QItemSelectionModel(l.model(), &l);
             fresh->select(l.model()->index(2, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
             l.setSelectionModel(fresh);
         });
+        // clang-format on
     }
 
     void programChanges()
