@@ -21,11 +21,11 @@ private Q_SLOTS:
         QTest::addColumn<int>("caret");
         QTest::addColumn<bool>("pixelFont");
 
-        QTest::newRow("two lines, pixel-sized font") << "Title\nBody"
-                                                     << "Title" << 6 << true;
-        QTest::newRow("one line: caret after it") << "Only"
-                                                  << "Only" << 4 << false;
+        // clang-format off
+        QTest::newRow("two lines, pixel-sized font") << "Title\nBody" << "Title" << 6 << true;
+        QTest::newRow("one line: caret after it") << "Only" << "Only" << 4 << false;
         QTest::newRow("null") << QString() << "" << 0 << false;
+        // clang-format on
     }
 
     void richEditHeading()

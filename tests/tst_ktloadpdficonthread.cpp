@@ -109,7 +109,6 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("RGBX8888: alpha ignored") << pixelFormat(0, 8, 16, 24, 32) << QColor(0x10, 0x20, 0x30);
         QTest::newRow("ARGB32") << pixelFormat(16, 8, 0, 24, 32) << QColor(0x30, 0x20, 0x10, 0x40);
-        QTest::newRow("24 bits: RGB888") << pixelFormat(0, 8, 16, 0, 24) << QColor(0x10, 0x20, 0x30);
         QTest::newRow("BGR in 24 bits: RGB888 all the same") << pixelFormat(16, 8, 0, 0, 24) << QColor(0x10, 0x20, 0x30);
         QTest::newRow("32 bits, other order: RGB888") << pixelFormat(24, 16, 8, 0, 32) << QColor(0x10, 0x20, 0x30);
         // clang-format on

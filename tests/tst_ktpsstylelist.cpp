@@ -58,6 +58,8 @@ private Q_SLOTS:
         list.clearStyleDataList();
         list.refreshStyleList();
         QVERIFY(list.getStyleDataList().isEmpty() && list.count() == 0);
+        // Alpha is dropped; each channel takes two digits.
+        QCOMPARE(StyleListItem().convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
     }
 
     void getStyleData()
@@ -72,12 +74,6 @@ private Q_SLOTS:
             list.getStyleData(index, style);
             QCOMPARE(style, index == 254 ? &styles[index] : &sentinel);
         }
-    }
-
-    void hexColour()
-    {
-        // Alpha is dropped; each channel takes two digits.
-        QCOMPARE(StyleListItem().convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
     }
 
     void painting_data()

@@ -68,27 +68,19 @@ private Q_SLOTS:
         QVERIFY(combo.currentIndex() == 5 && combo.count() == 11);
     }
 
-    void indexNameFormat_data()
-    {
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QString>("name");
-        // clang-format off
-        QTest::newRow("flags and width") << "No.%03d (100%%)" << "No.007 (100%)";
-        QTest::newRow("a string conversion") << "%s" << "颜色 7";
-        QTest::newRow("two conversions") << "%d-%d" << "颜色 7";
-        // clang-format on
-    }
     void indexNameFormat()
     {
-        QFETCH(QString, format);
-        QFETCH(QString, name);
         // A translation that would read arguments that are not there falls back to the built-in text.
         KtUiCatalogueLanguageSvr language;
-        language.insert("IDS_PROPERTIES_292", format);
         QVERIFY(language.registerWithHost());
-        KtPsTrueColorComboBox combo;
-        combo.showSpecialColor(QColor(7, 7, 7), true, 7);
-        QCOMPARE(combo.itemText(8), name);
+        const std::pair<QString, QString> cases[]
+            = {{"No.%03d (100%%)", "No.007 (100%)"}, {"%s", "颜色 7"}, {"%d-%d", "颜色 7"}}; // format -> name
+        for (const auto& [format, name] : cases) {
+            language.insert("IDS_PROPERTIES_292", format);
+            KtPsTrueColorComboBox combo;
+            combo.showSpecialColor(QColor(7, 7, 7), true, 7);
+            QCOMPARE(combo.itemText(8), name);
+        }
     }
 
     void currentColorData()
@@ -104,11 +96,7 @@ private Q_SLOTS:
             QVERIFY2(data.kind == kind && data.color == color, qPrintable(QString::number(row)));
             QCOMPARE(data.name == "before", row != 3);
         }
-    }
-
-    void guardedSelection()
-    {
-        KtPsTrueColorComboBox combo;
+        // Selection is guarded: indices outside the rows change nothing.
         combo.setCurrentIndex(4);
         for (int index : {-1, 9})
             combo.setCurrentIndex(index);
