@@ -58,6 +58,8 @@ struct KTCMDQTUTILS_EXPORT CKtArchiveStateDeleter
  *
  * The archive never owns its file: Close() flushes and detaches, the file stays
  * open. Every file access goes through CKtFile's virtual operations.
+ *
+ * @see @ref archive
  */
 class KTCMDQTUTILS_EXPORT CKtArchive
 {
@@ -97,26 +99,36 @@ public:
     /// Detach without flushing; an archive-allocated buffer is freed.
     void Abort();
 
-    CKtArchive& operator<<(unsigned char value) { return put(value); }
-    CKtArchive& operator<<(char value) { return put(static_cast<unsigned char>(value)); }
+    /// @name Storing values
+    /// In native byte order, no padding; ignored by an archive made for loading.
+    /// @{
+
+    CKtArchive& operator<<(unsigned char value) { return put(value); } ///< One byte.
+    CKtArchive& operator<<(char value) { return put(static_cast<unsigned char>(value)); } ///< One byte.
     /// One byte, 0 or 1.
     CKtArchive& operator<<(bool value) { return put(static_cast<unsigned char>(value ? 1 : 0)); }
-    CKtArchive& operator<<(unsigned short value) { return put(value); }
+    CKtArchive& operator<<(unsigned short value) { return put(value); } ///< 2 bytes.
     /// The low 16 bits of the character.
     CKtArchive& operator<<(wchar_t value) { return put(static_cast<quint16>(value)); }
-    CKtArchive& operator<<(int value) { return put(value); }
-    CKtArchive& operator<<(unsigned int value) { return put(value); }
+    CKtArchive& operator<<(int value) { return put(value); } ///< 4 bytes.
+    CKtArchive& operator<<(unsigned int value) { return put(value); } ///< 4 bytes.
     /// The low 32 bits.
     CKtArchive& operator<<(long value) { return put(static_cast<quint32>(value)); }
-    CKtArchive& operator<<(float value) { return put(value); }
-    CKtArchive& operator<<(double value) { return put(value); }
-    CKtArchive& operator<<(long long value) { return put(value); }
-    CKtArchive& operator<<(unsigned long long value) { return put(value); }
+    CKtArchive& operator<<(float value) { return put(value); } ///< 4 bytes, IEEE single.
+    CKtArchive& operator<<(double value) { return put(value); } ///< 8 bytes, IEEE double.
+    CKtArchive& operator<<(long long value) { return put(value); } ///< 8 bytes.
+    CKtArchive& operator<<(unsigned long long value) { return put(value); } ///< 8 bytes.
     /// Length prefix (no marker), then 4 bytes per character.
     CKtArchive& operator<<(const KtString& value);
+    /// @}
 
-    CKtArchive& operator>>(unsigned char& value) { return get(value); }
-    CKtArchive& operator>>(char& value) { return get(value); }
+    /// @name Loading values
+    /// Past the end of the data a value takes what the buffer still holds; with
+    /// no buffer at all it is left unchanged. Ignored by an archive made for storing.
+    /// @{
+
+    CKtArchive& operator>>(unsigned char& value) { return get(value); } ///< One byte.
+    CKtArchive& operator>>(char& value) { return get(value); } ///< One byte.
     /// Any non-zero byte reads as true.
     CKtArchive& operator>>(bool& value)
     {
@@ -125,28 +137,29 @@ public:
         value = byte != 0;
         return *this;
     }
-    CKtArchive& operator>>(unsigned short& value) { return get(value); }
+    CKtArchive& operator>>(unsigned short& value) { return get(value); } ///< 2 bytes.
     /**
      * Consumes 2 bytes but fills all 4 bytes of @p value from the read
      * position: the high half comes from the next, still unread, 2 bytes.
      */
     CKtArchive& operator>>(wchar_t& value) { return get(value, 2); }
-    CKtArchive& operator>>(int& value) { return get(value); }
-    CKtArchive& operator>>(unsigned int& value) { return get(value); }
+    CKtArchive& operator>>(int& value) { return get(value); } ///< 4 bytes.
+    CKtArchive& operator>>(unsigned int& value) { return get(value); } ///< 4 bytes.
     /**
      * Consumes 4 bytes but fills all 8 bytes of @p value from the read
      * position: the high half comes from the next, still unread, 4 bytes.
      */
     CKtArchive& operator>>(long& value) { return get(value, 4); }
-    CKtArchive& operator>>(float& value) { return get(value); }
-    CKtArchive& operator>>(double& value) { return get(value); }
-    CKtArchive& operator>>(long long& value) { return get(value); }
-    CKtArchive& operator>>(unsigned long long& value) { return get(value); }
+    CKtArchive& operator>>(float& value) { return get(value); } ///< 4 bytes, IEEE single.
+    CKtArchive& operator>>(double& value) { return get(value); } ///< 8 bytes, IEEE double.
+    CKtArchive& operator>>(long long& value) { return get(value); } ///< 8 bytes.
+    CKtArchive& operator>>(unsigned long long& value) { return get(value); } ///< 8 bytes.
     /**
      * Length prefix (a Unicode marker is skipped), then 2 bytes per character,
      * each widened on its own. A short read leaves @p value unchanged.
      */
     CKtArchive& operator>>(KtString& value);
+    /// @}
 
     /// Writes the characters of @p text as 4-byte units: no prefix, terminator or line end.
     void WriteString(const wchar_t* text);
