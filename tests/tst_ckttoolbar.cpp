@@ -95,12 +95,13 @@ private Q_SLOTS:
         QTest::addColumn<int>("sliceWidth");
         QTest::addColumn<QList<int>>("slices"); // per button: the slice it shows, or -1
 
-        QTest::newRow("160 wide, 12 buttons")
-            << 160 << -1 << 1 << 16 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, -1};
+        // clang-format off
+        QTest::newRow("160 wide, 12 buttons") << 160 << -1 << 1 << 16 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, -1};
         QTest::newRow("40 wide: two slices of 20") << 40 << -1 << 1 << 20 << QList<int>{0, 1, -1};
         QTest::newRow("hidden button takes a slice") << 48 << 1 << 1 << 16 << QList<int>{0, -1, 2, -1};
         QTest::newRow("narrower than an icon") << 15 << -1 << 0 << 0 << QList<int>{-1};
         QTest::newRow("no buttons") << 160 << -1 << 0 << 0 << QList<int>{};
+        // clang-format on
     }
 
     void loadBitmap()
@@ -196,12 +197,13 @@ private Q_SLOTS:
         QTest::addColumn<QSize>("fixed"); // -1: not fixed
 
         const int iconOnly = Qt::ToolButtonIconOnly;
+        // clang-format off
         QTest::newRow("3 buttons, 1 separator") << QSize(16, 15) << iconOnly << "bb-b" << 1 << QSize(77, 23);
         QTest::newRow("height only") << QSize(16, 15) << iconOnly << "bb-b" << 0 << QSize(-1, 23);
         QTest::newRow("separators, icon 24x20") << QSize(24, 20) << iconOnly << "-b-" << 5 << QSize(46, 28);
-        QTest::newRow("text beside icon")
-            << QSize(16, 15) << int(Qt::ToolButtonTextBesideIcon) << "bb-b" << 1 << QSize(-1, -1);
+        QTest::newRow("text beside icon") << QSize(16, 15) << int(Qt::ToolButtonTextBesideIcon) << "bb-b" << 1 << QSize(-1, -1);
         QTest::newRow("empty") << QSize(16, 15) << iconOnly << "" << 1 << QSize(-1, -1);
+        // clang-format on
     }
 
     void updateToolBarSize()

@@ -33,7 +33,6 @@ public:
     int height() const override { return m_height; }
     int bytesPerLine() const override { return m_bytesPerLine; }
     const unsigned char* bits() const override { return m_bits.data(); }
-    std::vector<unsigned char>& data() { return m_bits; }
 
 private:
     KtDbPixelFormat m_format;
