@@ -407,32 +407,21 @@ private Q_SLOTS:
         QTRY_VERIFY(m_tree->viewport()->findChild<QLineEdit*>());
     }
 
-    void expand_data()
-    {
-        QTest::addColumn<uint>("code");
-        QTest::addColumn<bool>("startExpanded");
-        QTest::addColumn<bool>("expanded");
-
-        QTest::newRow("TVE_COLLAPSE") << TVE_COLLAPSE << true << false;
-        QTest::newRow("TVE_TOGGLE on expanded") << TVE_TOGGLE << true << true;
-        QTest::newRow("TVE_COLLAPSERESET alone expands") << TVE_COLLAPSERESET << true << true;
-        QTest::newRow("collapse with reset") << (TVE_COLLAPSE | TVE_COLLAPSERESET) << true << false;
-    }
-
     void expand()
     {
-        QFETCH(uint, code);
-        QFETCH(bool, startExpanded);
-        QFETCH(bool, expanded);
-
-        QTreeWidgetItem* item = m_tree->InsertItem(L"parent");
-        m_tree->InsertItem(L"child", item);
-        item->setExpanded(startExpanded);
-        item->setData(0, KtItemRole::State, (startExpanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
-
-        QCOMPARE(m_tree->Expand(item, code), 1);
-        QCOMPARE(item->isExpanded(), expanded);
-        QCOMPARE(stored(item), (expanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
+        // Bit 1 expands (TVE_TOGGLE never collapses); else bit 0 collapses; else the item expands.
+        const std::tuple<uint, bool, bool> cases[]
+            = {{TVE_COLLAPSE, true, false}, {TVE_TOGGLE, true, true}, {TVE_COLLAPSERESET, false, true},
+                {TVE_COLLAPSE | TVE_COLLAPSERESET, true, false}}; // code, before, after
+        for (const auto& [code, startExpanded, expanded] : cases) {
+            QTreeWidgetItem* item = m_tree->InsertItem(L"parent");
+            m_tree->InsertItem(L"child", item);
+            item->setExpanded(startExpanded);
+            item->setData(0, KtItemRole::State, (startExpanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
+            QCOMPARE(m_tree->Expand(item, code), 1);
+            QVERIFY2(item->isExpanded() == expanded, qPrintable(QString::number(code)));
+            QCOMPARE(stored(item), (expanded ? TVIS_EXPANDED : 0u) | TVIS_SELECTED);
+        }
     }
 
     void expandAllChild()

@@ -93,27 +93,19 @@ private Q_SLOTS:
         QVERIFY(combo.getCurPredefBlockName().isEmpty());
     }
 
-    void slotRange_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<bool>("block");
-        QTest::newRow("last row") << 5 << 5 << true;
-        QTest::newRow("first past") << 6 << 0 << false;
-        QTest::newRow("none") << -1 << -1 << false;
-    }
-
     void slotRange()
     {
-        QFETCH(int, index);
-        QFETCH(int, stored);
-        QFETCH(bool, block);
+        // Rows 0 to 5 and -1 (none) are taken; past the rows the slot stores 0 and makes no block.
         FreshDrawing drawing;
-        KtUiPredefBlockComboBox combo;
-        combo.slot_currentPredefIndexChanged(index);
-        QCOMPARE(combo.currentPredefIndex(), stored);
-        QCOMPARE(combo.currentPredefId().isNull(), !block && stored != 0);
-        QCOMPARE(KtUiPredefBlockComboBox::GeneratePredefHeadBlock(index).isNull(), !block);
+        const std::tuple<int, int, bool> cases[]
+            = {{5, 5, true}, {6, 0, false}, {-1, -1, false}}; // index, stored, block
+        for (const auto& [index, stored, block] : cases) {
+            KtUiPredefBlockComboBox combo;
+            combo.slot_currentPredefIndexChanged(index);
+            QCOMPARE(combo.currentPredefIndex(), stored);
+            QCOMPARE(combo.currentPredefId().isNull(), !block && stored != 0);
+            QCOMPARE(KtUiPredefBlockComboBox::GeneratePredefHeadBlock(index).isNull(), !block);
+        }
     }
 
     void blocks_data()
