@@ -31,35 +31,24 @@ private Q_SLOTS:
         QCOMPARE(combo.itemText(4), QStringLiteral("-3.0000 毫米"));
     }
 
-    void texts_data()
-    {
-        QTest::addColumn<double>("weight");
-        QTest::addColumn<bool>("inches");
-        QTest::addColumn<bool>("english");
-        QTest::addColumn<QString>("text");
-        // clang-format off
-        QTest::newRow("mm") << 0.25 << false << false << "0.2500 毫米";
-        QTest::newRow("in") << 0.25 << true << false << "0.0098 英寸";
-        QTest::newRow("english mm") << 0.5 << false << true << "0.5000 mm";
-        QTest::newRow("english in") << 2.0 << true << true << "0.0787 in";
-        // clang-format on
-    }
     void texts()
     {
-        QFETCH(double, weight);
-        QFETCH(bool, inches);
-        QFETCH(bool, english);
-        QFETCH(QString, text);
-        std::unique_ptr<EnglishTexts> language(english ? new EnglishTexts : nullptr);
-        KtPsLineWeightComboBox combo;
-        QVector<double> weights = {weight};
-        combo.setLineWeightList(weights);
-        combo.resetUnit(inches);
-        QCOMPARE(combo.itemText(1), text);
-        combo.resetUnit(!inches);
-        QVERIFY(combo.itemText(1) != text);
-        QCOMPARE(combo.itemText(0),
-            english ? QStringLiteral("Use object lineweight") : QStringLiteral("使用对象线宽"));
+        // weight, inches, English catalogue -> text; the other unit gives another text.
+        const std::tuple<double, bool, bool, QString> cases[]
+            = {{0.25, false, false, "0.2500 毫米"}, {0.25, true, false, "0.0098 英寸"},
+                {0.5, false, true, "0.5000 mm"}, {2.0, true, true, "0.0787 in"}};
+        for (const auto& [weight, inches, english, text] : cases) {
+            std::unique_ptr<EnglishTexts> language(english ? new EnglishTexts : nullptr);
+            KtPsLineWeightComboBox combo;
+            QVector<double> weights = {weight};
+            combo.setLineWeightList(weights);
+            combo.resetUnit(inches);
+            QCOMPARE(combo.itemText(1), text);
+            combo.resetUnit(!inches);
+            QVERIFY(combo.itemText(1) != text);
+            QCOMPARE(combo.itemText(0),
+                english ? QStringLiteral("Use object lineweight") : QStringLiteral("使用对象线宽"));
+        }
     }
 
     void penWidth()

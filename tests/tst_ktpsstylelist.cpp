@@ -76,37 +76,29 @@ private Q_SLOTS:
         }
     }
 
-    void painting_data()
-    {
-        QTest::addColumn<QColor>("text");
-        QTest::addColumn<int>("current");
-        QTest::addColumn<QColor>("highlight"); // at x >= 25; invalid: none
-        // clang-format off
-        QTest::newRow("dark text") << QColor(Qt::black) << 1 << QColor(Qt::lightGray);
-        QTest::newRow("mid grey counts as light") << QColor(128, 128, 128) << 1 << QColor(Qt::darkBlue);
-        QTest::newRow("other row current") << QColor(Qt::black) << 0 << QColor();
-        // clang-format on
-    }
     void painting()
     {
-        QFETCH(QColor, text);
-        QFETCH(int, current);
-        QFETCH(QColor, highlight);
-        KtPsStyleList list;
-        list.insertStyleData(0, "A", Qt::red, nullptr);
-        list.insertStyleData(1, "B", QColor(0, 128, 255), nullptr);
-        list.refreshStyleList();
-        list.setCurrentRow(current);
-        auto* item = qobject_cast<StyleListItem*>(list.itemWidget(list.item(1)));
-        QPalette palette = item->palette();
-        palette.setColor(QPalette::WindowText, text);
-        item->setPalette(palette);
-        QCOMPARE(item->isSelected(), current == 1);
-        const QImage image = item->grab().toImage();
-        QCOMPARE(QColor(image.pixel(16, 9)), QColor(0, 128, 255)); // swatch
-        QVERIFY(QColor(image.pixel(5, 10)) != highlight);
-        for (const QPoint& at : {QPoint(150, 2), QPoint(25, 19)})
-            QCOMPARE(QColor(image.pixel(at)) == highlight, highlight.isValid());
+        // The highlight (at x >= 25) of a current row follows the text: light grey behind dark text,
+        // dark blue behind light text (mid grey counts as light); a row that is not current has none.
+        const std::tuple<QColor, int, QColor> cases[] = {{Qt::black, 1, Qt::lightGray},
+            {QColor(128, 128, 128), 1, Qt::darkBlue}, {Qt::black, 0, QColor()}}; // text, current, highlight
+        for (const auto& [text, current, highlight] : cases) {
+            KtPsStyleList list;
+            list.insertStyleData(0, "A", Qt::red, nullptr);
+            list.insertStyleData(1, "B", QColor(0, 128, 255), nullptr);
+            list.refreshStyleList();
+            list.setCurrentRow(current);
+            auto* item = qobject_cast<StyleListItem*>(list.itemWidget(list.item(1)));
+            QPalette palette = item->palette();
+            palette.setColor(QPalette::WindowText, text);
+            item->setPalette(palette);
+            QCOMPARE(item->isSelected(), current == 1);
+            const QImage image = item->grab().toImage();
+            QCOMPARE(QColor(image.pixel(16, 9)), QColor(0, 128, 255)); // swatch
+            QVERIFY(QColor(image.pixel(5, 10)) != highlight);
+            for (const QPoint& at : {QPoint(150, 2), QPoint(25, 19)})
+                QCOMPARE(QColor(image.pixel(at)) == highlight, highlight.isValid());
+        }
 
         const QImage freeStanding = StyleListItem().grab().toImage();
         QCOMPARE(QColor(freeStanding.pixel(16, 9)), QColor(Qt::white));
