@@ -69,33 +69,27 @@ private Q_SLOTS:
     void init() { m_combo = std::make_unique<CKtComboBox>(nullptr); }
     void cleanup() { m_combo.reset(); }
 
-    void addToEmpty_data()
-    {
-        QTest::addColumn<bool>("editable");
-        QTest::newRow("non-editable") << false;
-        QTest::newRow("editable, with typed text") << true;
-    }
-
     void addToEmpty()
     {
         // Qt makes the first item of an empty combo current, which for an editable one also
         // replaces the typed text. AddString quietly puts both back; InsertString keeps Qt's choice.
-        QFETCH(bool, editable);
-        m_combo->setEditable(editable);
-        if (editable)
-            m_combo->lineEdit()->setText("typed");
-        QCOMPARE(m_combo->GetCount(), -1);
-        ComboSpies spies(m_combo.get());
-        std::unique_ptr<QSignalSpy> typed;
-        if (editable)
-            typed = std::make_unique<QSignalSpy>(m_combo->lineEdit(), &QLineEdit::textChanged);
-        QCOMPARE(m_combo->AddString(L"x"), 0);
-        QCOMPARE(m_combo->AddString(L"y"), 1);
-        QCOMPARE(m_combo->GetCount(), 2);
-        QCOMPARE(m_combo->GetCurSel(), -1);
-        QCOMPARE(m_combo->currentText(), editable ? QStringLiteral("typed") : QString());
-        QCOMPARE(spies.total() + (typed ? typed->count() : 0), 0);
-
+        for (bool editable : {false, true}) {
+            CKtComboBox combo;
+            combo.setEditable(editable);
+            if (editable)
+                combo.lineEdit()->setText("typed");
+            QCOMPARE(combo.GetCount(), -1);
+            ComboSpies spies(&combo);
+            std::unique_ptr<QSignalSpy> typed;
+            if (editable)
+                typed = std::make_unique<QSignalSpy>(combo.lineEdit(), &QLineEdit::textChanged);
+            QCOMPARE(combo.AddString(L"x"), 0);
+            QCOMPARE(combo.AddString(L"y"), 1);
+            QCOMPARE(combo.GetCount(), 2);
+            QCOMPARE(combo.GetCurSel(), -1);
+            QCOMPARE(combo.currentText(), editable ? QStringLiteral("typed") : QString());
+            QCOMPARE(spies.total() + (typed ? typed->count() : 0), 0);
+        }
         for (int index : {-1, 5, INT_MIN}) {
             CKtComboBox empty;
             QCOMPARE(empty.InsertString(index, L"only"), index == -1 ? 0 : index);

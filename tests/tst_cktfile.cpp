@@ -152,28 +152,18 @@ private Q_SLOTS:
         QCOMPARE(empty.GetPosition(), 0ull);
     }
 
-    void names_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QStringList>("names"); // name, title, full path
-
-        // clang-format off
-        QTest::newRow("double extension") << "/d/x.tar.gz" << QStringList{"x.tar.gz", "x", "/d/x.tar.gz"};
-        QTest::newRow("relative") << "sub/a.b" << QStringList{"a.b", "a", QDir::current().absoluteFilePath("sub/a.b")};
-        QTest::newRow("empty") << "" << QStringList{"", "", ""};
-        // clang-format on
-    }
-
     void names()
     {
-        QFETCH(QString, path);
-        QFETCH(QStringList, names);
-
-        CKtFile file;
-        file.SetFilePath(wide(path).c_str());
-        QCOMPARE(file.fileName(), path);
-        QCOMPARE(
-            (QStringList{qt(file.GetFileName()), qt(file.GetFileTitle()), qt(file.GetFilePath())}), names);
+        // path -> name, title (cut at the first dot), full path
+        const std::pair<QString, QStringList> cases[] = {{"/d/x.tar.gz", {"x.tar.gz", "x", "/d/x.tar.gz"}},
+            {"sub/a.b", {"a.b", "a", QDir::current().absoluteFilePath("sub/a.b")}}, {"", {"", "", ""}}};
+        for (const auto& [path, names] : cases) {
+            CKtFile file;
+            file.SetFilePath(wide(path).c_str());
+            QCOMPARE(file.fileName(), path);
+            QCOMPARE((QStringList{qt(file.GetFileName()), qt(file.GetFileTitle()), qt(file.GetFilePath())}),
+                names);
+        }
     }
 
     void nonAsciiPaths()
