@@ -1,5 +1,5 @@
-// Tests of KtPsExtremePointStyleComboBox: the rows of each line-end style, selecting by value and reading back,
-// English texts, a missing bitmap and a second Initialize (stylecombochecks.h).
+// Tests of KtPsExtremePointStyleComboBox: the rows of each line-end style, selecting by value and reading
+// back, English texts, a missing bitmap and a second Initialize (stylecombochecks.h).
 
 #include "stylecombochecks.h"
 
