@@ -312,7 +312,6 @@ private Q_SLOTS:
         record->setName(L"Kept");
         KtDbObjectId id;
         QVERIFY(!KtUiArrowComboBox::AddRecordToBlockTable(record, id));
-        QVERIFY(id.isNull());
         delete record; // still the caller's
         reader->close();
         QCOMPARE(ktHeapLiveBlocks(), heap);
@@ -323,6 +322,7 @@ private Q_SLOTS:
             refused->setName(name);
             KtDbObjectId entityId;
             refused->appendKtDbEntity(entityId, new KtDbLine);
+            id = drawing.db()->modelSpaceId(); // written over with the null id
             QVERIFY(!KtUiArrowComboBox::AddRecordToBlockTable(refused, id));
             QVERIFY(id.isNull());
         }
