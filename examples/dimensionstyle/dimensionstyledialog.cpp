@@ -47,7 +47,8 @@ DimensionStyleDialog::DimensionStyleDialog(QWidget* parent)
     fillStyles();
     QVector<double> weights = kLineWeights;
     m_ui->lineWeight->setLineWeightList(weights);
-    m_ui->lineWeight->setCurrentIndex(m_ui->lineWeight->findText(QStringLiteral("0.25"), Qt::MatchStartsWith));
+    m_ui->lineWeight->setCurrentIndex(
+        m_ui->lineWeight->findText(QStringLiteral("0.25"), Qt::MatchStartsWith));
 
     connect(m_ui->firstArrow, &KtUiArrowComboBox::arrowItemChanged, this,
         &DimensionStyleDialog::firstArrowChanged);
