@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <vector>
 
 /**
  * A file kept in memory that lends its own memory to CKtArchive through
@@ -29,6 +30,9 @@ public:
     std::array<int, 4> commands{};
     /// Added to the length of every lent buffer, so that it no longer matches its pointers.
     int lengthSkew = 0;
+    /// The counts asked of Read and of Write, in order.
+    std::vector<unsigned int> reads;
+    std::vector<unsigned int> writes;
 
     unsigned int GetBufferPtr(unsigned int command, unsigned int count, void** start, void** max) override
     {
@@ -60,6 +64,7 @@ public:
 
     unsigned int Read(void* buffer, unsigned int count) override
     {
+        reads.push_back(count);
         const qint64 length = std::max<qint64>(0, std::min<qint64>(count, m_size - m_position));
         if (length)
             std::memcpy(buffer, m_bytes.constData() + m_position, std::size_t(length));
@@ -69,6 +74,7 @@ public:
 
     void Write(const void* buffer, unsigned int count) override
     {
+        writes.push_back(count);
         if (!count)
             return;
         reserve(m_position + count);
