@@ -105,7 +105,7 @@ private Q_SLOTS:
                 {pixelFormat(24, 16, 8, 0, 32), QColor(0x10, 0x20, 0x30)}};
         KtLoadPdfIconThread thread;
         for (const auto& [format, color] : cases) {
-            FakePage page(format, 0);
+            FakePage page(format);
             const QImage image = thread.getImage(&page).toImage();
             QCOMPARE(image.size(), QSize(4, 2));
             QVERIFY2(image.pixelColor(0, 0).rgba() == color.rgba(), qPrintable(color.name(QColor::HexArgb)));

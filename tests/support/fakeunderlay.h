@@ -12,55 +12,41 @@
 #include <memory>
 #include <vector>
 
-/// An image object over a buffer of its own, with whatever format it claims.
-class FakeImage : public KtDbUnderlayImage
+/// A 4 x 2 image object over a buffer of its own, with whatever format it claims. Its bytes
+/// are 10 20 30 40 over and over, so that each channel can be told apart.
+class FakeImage final : public KtDbUnderlayImage
 {
 public:
-    FakeImage(const KtDbPixelFormat& format, int width, int height, int bytesPerLine, unsigned char fill)
+    explicit FakeImage(const KtDbPixelFormat& format)
         : m_format(format)
-        , m_width(width)
-        , m_height(height)
-        , m_bytesPerLine(bytesPerLine)
-        , m_bits(std::size_t(std::max(0, bytesPerLine * height)), fill)
+        , m_bits(std::size_t(bytesPerLine() * height()))
     {
-        // Fill 0 writes the bytes 10 20 30 40 over and over, so that each channel can be told apart.
-        if (!fill)
-            for (std::size_t i = 0; i < m_bits.size(); ++i)
-                m_bits[i] = (unsigned char)(0x10 * (1 + i % 4));
+        for (std::size_t i = 0; i < m_bits.size(); ++i)
+            m_bits[i] = (unsigned char)(0x10 * (1 + i % 4));
     }
     KtDbPixelFormat pixelFormat() const override { return m_format; }
-    int width() const override { return m_width; }
-    int height() const override { return m_height; }
-    int bytesPerLine() const override { return m_bytesPerLine; }
+    int width() const override { return 4; }
+    int height() const override { return 2; }
+    int bytesPerLine() const override { return (width() * m_format.bitsPerPixel / 8 + 3) & ~3; }
     const unsigned char* bits() const override { return m_bits.data(); }
 
 private:
     KtDbPixelFormat m_format;
-    int m_width, m_height, m_bytesPerLine;
     std::vector<unsigned char> m_bits;
 };
 
+/// 8 bits each for red, green, blue (and alpha in 32 bits) at the given bit positions.
 inline KtDbPixelFormat pixelFormat(int r, int g, int b, int a, int bits)
 {
-    KtDbPixelFormat f;
-    f.redPosition = r;
-    f.greenPosition = g;
-    f.bluePosition = b;
-    f.alphaPosition = a;
-    f.redBits = f.greenBits = f.blueBits = 8;
-    f.alphaBits = bits == 32 ? 8 : 0;
-    f.bitsPerPixel = bits;
-    return f;
+    return {r, 8, g, 8, b, 8, a, bits == 32 ? 8 : 0, bits};
 }
 
-/// A page that makes its image on demand: 4 x 2 pixels of @p format, bytes @p fill.
+/// A page that makes its image of @p format on demand.
 class FakePage : public KtDbUnderlayItem
 {
 public:
-    explicit FakePage(
-        const KtDbPixelFormat& format = pixelFormat(16, 8, 0, 24, 32), unsigned char fill = 0x80)
+    explicit FakePage(const KtDbPixelFormat& format = pixelFormat(16, 8, 0, 24, 32))
         : format(format)
-        , fill(fill)
     { }
 
     KtString name() const override { return KtString(L"fake"); }
@@ -72,7 +58,6 @@ public:
     }
 
     KtDbPixelFormat format;
-    unsigned char fill;
     bool fails = false;
     bool throws = false;
     QSemaphore* gate = nullptr; ///< when set, each image waits for one release of it
@@ -86,10 +71,7 @@ private:
             gate->acquire();
         if (throws)
             throw CJxError(KtError_InvalidInput);
-        if (fails)
-            return nullptr;
-        const int bytes = format.bitsPerPixel / 8;
-        return new FakeImage(format, 4, 2, ((4 * bytes) + 3) & ~3, fill);
+        return fails ? nullptr : new FakeImage(format);
     }
 };
 
