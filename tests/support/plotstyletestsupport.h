@@ -50,26 +50,5 @@ private:
 /// The picture of @p row as a 32-bit image of @p size (null when the row has no icon).
 inline QImage iconImage(const QComboBox& combo, int row, const QSize& size)
 {
-    const QIcon icon = combo.itemIcon(row);
-    if (icon.isNull())
-        return {};
-    return icon.pixmap(size).toImage().convertToFormat(QImage::Format_ARGB32);
-}
-
-/// Tile @p k (26 x 13) of the embedded bitmap strip @p name.
-inline QImage stripTile(const QString& name, int k)
-{
-    return QImage(QStringLiteral(":/kthost/images/") + name)
-        .copy(0, 13 * k, 26, 13)
-        .convertToFormat(QImage::Format_ARGB32);
-}
-
-/// Whether every pixel of @p image is fully transparent.
-inline bool isTransparent(const QImage& image)
-{
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) != 0)
-                return false;
-    return true;
+    return combo.itemIcon(row).pixmap(size).toImage().convertToFormat(QImage::Format_ARGB32);
 }
