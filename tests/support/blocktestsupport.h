@@ -91,11 +91,10 @@ inline QStringList describeBlock(KtDbObjectId id, bool properties = false)
     block->newIterator(raw);
     const std::unique_ptr<KtDbObjectIterator> it(raw);
     for (; !it->done(); it->step()) {
-        KtDbEntity* entity = nullptr;
         KtDbObject* object = nullptr;
         if (it->getObject(object, KtDb::kForRead) != Kt::eOk)
             continue;
-        entity = KtDbEntity::cast(object);
+        const KtDbEntity* entity = KtDbEntity::cast(object);
         lines << (properties ? describeProperties(entity) : describeGeometry(entity));
         object->close();
     }
