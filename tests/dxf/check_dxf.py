@@ -25,7 +25,8 @@ def same(a, b):
     if isinstance(b, float) or (isinstance(b, int) and isinstance(a, float)):
         return isinstance(a, (int, float)) and close(a, b)
     if isinstance(b, list):
-        return isinstance(a, (list, tuple)) and len(a) == len(b) and all(same(x, y) for x, y in zip(a, b))
+        a = list(a) if hasattr(a, "__iter__") and not isinstance(a, str) else a
+        return isinstance(a, list) and len(a) == len(b) and all(same(x, y) for x, y in zip(a, b))
     return a == b
 
 
@@ -34,50 +35,34 @@ def expect(where, what, got, wanted):
         problems.append(f"{where}: {what} is {got!r}, expected {wanted!r}")
 
 
+def polyline_vertices(e):
+    """(x, y, start width, end width, bulge) of each vertex; widths given once are the constant width."""
+    points = [list(p) for p in e.get_points("xyseb")]
+    if all(p[2] == 0 and p[3] == 0 for p in points):
+        for p in points:
+            p[2] = p[3] = e.dxf.const_width
+    return points
+
+
 def check_entity(where, e, want):
+    """Every key of the JSON account but the type and the polyline's shape is a DXF attribute name."""
     expect(where, "type", e.dxftype(), want["type"])
     if e.dxftype() != want["type"]:
         return
-    dxf = e.dxf
-    expect(where, "layer", dxf.layer, want["layer"])
-    expect(where, "colour", dxf.color, want["color"])
-    if "rgb" in want:
-        expect(where, "true colour", dxf.true_color if dxf.hasattr("true_color") else None, want["rgb"])
-    expect(where, "linetype", dxf.linetype.upper(), want["linetype"].upper())
-    expect(where, "lineweight", dxf.lineweight, want["lineweight"])
-    transparency = dxf.transparency if dxf.hasattr("transparency") else -1
-    expect(where, "transparency", transparency, want["transparency"])
-    kind = want["type"]
-    if kind == "LINE":
-        expect(where, "start", list(dxf.start), want["start"])
-        expect(where, "end", list(dxf.end), want["end"])
-    elif kind in ("CIRCLE", "ARC"):
-        expect(where, "centre", list(dxf.center), want["center"])
-        expect(where, "radius", dxf.radius, want["radius"])
-        if kind == "ARC":
-            expect(where, "start angle", dxf.start_angle, want["start_angle"])
-            expect(where, "end angle", dxf.end_angle, want["end_angle"])
-    elif kind == "LWPOLYLINE":
-        expect(where, "closed", e.closed, want["closed"])
-        points = [list(p) for p in e.get_points("xyseb")]
-        if all(p[2] == 0 and p[3] == 0 for p in points):  # widths given once, as the constant width
-            for p in points:
-                p[2] = p[3] = dxf.const_width
-        expect(where, "vertex count", len(points), len(want["vertices"]))
-        for i, (got, wanted) in enumerate(zip(points, want["vertices"])):
-            expect(where, f"vertex {i} (x, y, start width, end width, bulge)", got, wanted)
-    elif kind == "SOLID":
-        corners = [list(dxf.get(f"vtx{i}")) for i in range(4)]
-        for i in range(4):
-            expect(where, f"corner {i}", corners[i], want["corners"][i])
-    elif kind == "ATTDEF":
-        expect(where, "insert", list(dxf.insert), want["insert"])
-        expect(where, "alignment point", list(dxf.align_point), want["align_point"])
-        expect(where, "height", dxf.height, want["height"])
-        expect(where, "text", dxf.text, want["text"])
-        expect(where, "tag", dxf.tag, want["tag"])
-        expect(where, "prompt", dxf.prompt, want["prompt"])
-        expect(where, "horizontal alignment", dxf.halign, want["halign"])
+    for key, wanted in want.items():
+        if key == "type":
+            continue
+        if key == "linetype":
+            got, wanted = e.dxf.linetype.upper(), wanted.upper()
+        elif key == "closed":
+            got = e.closed
+        elif key == "vertices":
+            got = polyline_vertices(e)
+        elif key == "transparency":
+            got = e.dxf.get("transparency", -1)
+        else:
+            got = getattr(e.dxf, key)
+        expect(where, key, got, wanted)
 
 
 def check(json_path):
