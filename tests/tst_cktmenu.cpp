@@ -64,7 +64,6 @@ private Q_SLOTS:
     {
         const QMetaMethod signal = QMetaMethod::fromSignal(&CKtMenu::commandId);
         QCOMPARE(signal.methodSignature(), QByteArray("commandId(UINT)"));
-        QCOMPARE(signal.parameterType(0), int(QMetaType::UInt));
 
         // The constructor runs the base AttachDefault(); CreatePopupMenu() runs the override, with null.
         OverridingMenu overriding;
@@ -90,7 +89,6 @@ private Q_SLOTS:
         add("append MF_SEPARATOR|MF_CHECKED", 1, "1 2x 3! -", CALL(AppendMenu(MF_SEPARATOR | MF_CHECKED, 9, kText)));
         add("insert by command", 0, untouched, CALL(InsertMenu(0, MF_STRING, 9, kText)));
         add("insert first", 1, "9 1 2x 3!", CALL(InsertMenu(0, MF_BYPOSITION, 9, kText)));
-        add("insert one past the end appends", 1, "1 2x 3! 9", CALL(InsertMenu(3, MF_BYPOSITION, 9, kText)));
         add("insert a separator", 1, "1 - 2x 3!", CALL(InsertMenu(1, MF_BYPOSITION | MF_SEPARATOR, 9, kText)));
         add("insert a popup inside: plain", 1, "1 9 2x 3!", CALL(InsertMenu(1, MF_BYPOSITION | MF_POPUP, 9, kText)));
         add("insert a popup past the end", 1, "1 2x 3! >9", CALL(InsertMenu(5, MF_BYPOSITION | MF_POPUP, 9, kText)));
@@ -116,10 +114,8 @@ private Q_SLOTS:
         // The radio range stops before its last item.
         add("radio by command", 1, "1o 2x 3!", CALL(CheckMenuRadioItem(1, 3, 2, MF_BYCOMMAND)));
         add("radio by position", 1, "1x 2o 3!", CALL(CheckMenuRadioItem(0, 2, 0, MF_BYPOSITION)));
-        add("radio item outside", 1, "1o 2o 3!", CALL(CheckMenuRadioItem(1, 3, 3, MF_BYCOMMAND)));
         add("radio first after last", 1, untouched, CALL(CheckMenuRadioItem(3, 1, 2, MF_BYCOMMAND)));
         add("radio unknown item", 0, untouched, CALL(CheckMenuRadioItem(1, 3, 99, MF_BYCOMMAND)));
-        add("radio position -1", 0, untouched, CALL(CheckMenuRadioItem(0, 0xFFFFFFFF, 0, MF_BYPOSITION)));
         add("radio last past the end", 1, "1 2o 3x!", CALL(CheckMenuRadioItem(1, 50, 2, MF_BYPOSITION)));
         // EnableMenuItem returns the previous state: MF_ENABLED (0) or MF_GRAYED|MF_DISABLED (3).
         add("enable by command: no-op", -1, untouched, CALL(EnableMenuItem(3, MF_ENABLED)));

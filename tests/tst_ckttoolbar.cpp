@@ -228,41 +228,32 @@ private Q_SLOTS:
         QCOMPARE(m_bar->minimumSize(), fixed.expandedTo(QSize(0, 0)));
     }
 
-    void dockBar_data()
-    {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QRect>("geometry");
-        QTest::addColumn<int>("orientation");
-
-        const QRect before(5, 6, 70, 30);
-        QTest::newRow("CBRS_LEFT") << int(CBRS_LEFT) << QRect(0, 0, 24, 300) << int(Qt::Vertical);
-        QTest::newRow("CBRS_TOP") << int(CBRS_TOP) << QRect(0, 0, 400, 23) << int(Qt::Horizontal);
-        QTest::newRow("CBRS_RIGHT") << int(CBRS_RIGHT) << QRect(376, 0, 24, 300) << int(Qt::Vertical);
-        QTest::newRow("CBRS_BOTTOM") << int(CBRS_BOTTOM) << QRect(0, 277, 400, 23) << int(Qt::Horizontal);
-        QTest::newRow("CBRS_ALIGN_LEFT alone") << int(CBRS_ALIGN_LEFT) << before << int(Qt::Horizontal);
-    }
-
     void dockBar()
     {
-        QFETCH(int, code);
-        QFETCH(QRect, geometry);
-        QFETCH(int, orientation);
-
+        // A strip of icon size + 8 along the parent's edge; any other code moves nothing.
         QWidget parent;
         parent.resize(400, 300);
         CKtToolBar bar(&parent);
         bar.addAction(marker(), QString());
-        bar.setGeometry(QRect(5, 6, 70, 30));
         parent.show();
         QVERIFY(QTest::qWaitForWindowExposed(&parent));
-        bar.DockBar(code);
-        QCOMPARE(bar.geometry(), geometry);
-        QCOMPARE(int(bar.orientation()), orientation);
+        const QRect before(5, 6, 70, 30);
+        const std::tuple<unsigned, QRect, Qt::Orientation> cases[]
+            = {{CBRS_ALIGN_LEFT, before, Qt::Horizontal}, {CBRS_LEFT, QRect(0, 0, 24, 300), Qt::Vertical},
+                {CBRS_TOP, QRect(0, 0, 400, 23), Qt::Horizontal},
+                {CBRS_RIGHT, QRect(376, 0, 24, 300), Qt::Vertical},
+                {CBRS_BOTTOM, QRect(0, 277, 400, 23), Qt::Horizontal}};
+        for (const auto& [code, geometry, orientation] : cases) {
+            bar.setGeometry(before);
+            bar.DockBar(int(code));
+            QCOMPARE(bar.geometry(), geometry);
+            QCOMPARE(bar.orientation(), orientation);
+        }
 
         // Without a parent nothing moves.
-        m_bar->setGeometry(QRect(5, 6, 70, 30));
-        m_bar->DockBar(code);
-        QCOMPARE(m_bar->geometry(), QRect(5, 6, 70, 30));
+        m_bar->setGeometry(before);
+        m_bar->DockBar(CBRS_TOP);
+        QCOMPARE(m_bar->geometry(), before);
     }
 };
 
