@@ -3,6 +3,7 @@
 #include <KtUiArrowComboBox>
 #include <KtUiDialogs>
 #include <KtUiPropertyObject>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QtTest>
 #include <ktheap.h>
@@ -21,38 +22,9 @@ KtDbObjectId addBlock(
     record->setIsDependent(dependent);
     record->setIsAnonymous(anonymous);
     KtDbObjectId id;
-    if (!KtUiArrowComboBox::AddRecordToBlockTable(record, id))
-        return KtDbObjectId::kNull;
+    KtUiArrowComboBox::AddRecordToBlockTable(record, id); // a refused record leaves the null id
     return id;
 }
-
-/// Registers a scripted user-arrow dialog while alive; it records what it was given.
-struct ScriptedDialog
-{
-    explicit ScriptedDialog(QString answer)
-    {
-        previous = ktuiRegisterDialog(QStringLiteral("Dialog/CmdsUI/UserArrowDlg"),
-            [this, answer](int kind, KtUiPropertyObject& properties, QWidget* parent) {
-                ++calls;
-                this->kind = kind;
-                this->parent = parent;
-                blocks = properties.get(QStringLiteral("blocks")).toList();
-                currArrow = properties.get(QStringLiteral("currArrow")).toString();
-                if (answer.isEmpty())
-                    return 0;
-                properties.set(QStringLiteral("selectedBlockName"), answer);
-                return 1;
-            });
-    }
-    ~ScriptedDialog() { ktuiRegisterDialog(QStringLiteral("Dialog/CmdsUI/UserArrowDlg"), previous); }
-
-    KtUiDialogHandler previous;
-    int calls = 0;
-    int kind = -1;
-    QWidget* parent = nullptr;
-    QVariantList blocks;
-    QString currArrow;
-};
 
 QStringList blockNames(const QVariantList& blocks)
 {
@@ -174,7 +146,6 @@ private Q_SLOTS:
         QFETCH(QStringList, entities);
         FreshDrawing drawing;
         const KtDbObjectId id = KtUiArrowComboBox::GenerateArrowHeadBlock(index);
-        QVERIFY(!id.isNull());
         KtDbBlockTableRecord* block = nullptr;
         QCOMPARE(ktdbOpenObject(block, id, KtDb::kForRead), Kt::eOk);
         QCOMPARE(ktutKtStringToQString(block->name()), name); // mixed case, as created
@@ -221,29 +192,42 @@ private Q_SLOTS:
         FreshDrawing drawing;
         const KtDbObjectId flag = addBlock(L"Flag");
         KtUiArrowComboBox combo;
+        // The scripted dialog notes the kind, whether its parent is the combo, "currArrow" and the names
+        // in "blocks" of each call, and answers with `answer` (none: cancelled).
+        QString answer;
+        QStringList seen;
+        const QString path = QStringLiteral("Dialog/CmdsUI/UserArrowDlg");
+        const KtUiDialogHandler previous
+            = ktuiRegisterDialog(path, [&](int kind, KtUiPropertyObject& properties, QWidget* parent) {
+                  seen << QString::number(kind) << QString::number(parent == &combo)
+                       << properties.get(QStringLiteral("currArrow")).toString()
+                       << blockNames(properties.get(QStringLiteral("blocks")).toList());
+                  if (answer.isEmpty())
+                      return 0;
+                  properties.set(QStringLiteral("selectedBlockName"), answer);
+                  return 1;
+              });
+        const auto restore = qScopeGuard([&] { ktuiRegisterDialog(path, previous); });
         QSignalSpy spy(&combo, &KtUiArrowComboBox::arrowItemChanged);
-        {
-            // Cancelled: the previous choice comes back and is reported once.
-            combo.setCurrentIndex(7);
-            ScriptedDialog cancelled{QString()};
-            spy.clear();
-            combo.setCurrentIndex(20);
-            QCOMPARE(cancelled.calls, 1);
-            QCOMPARE(spy.count(), 1);
-            QCOMPARE(combo.currentIndex(), 7);
-            QCOMPARE(spy.at(0).at(0).toInt(), 7);
-            QVERIFY(!combo.signalsBlocked());
-            QCOMPARE(combo.count(), 21);
-        }
-        combo.setCurrentIndex(5);
-        ScriptedDialog dialog(QStringLiteral("Flag"));
+
+        // Cancelled: the previous choice comes back and is reported once.
+        combo.setCurrentIndex(7);
         spy.clear();
         combo.setCurrentIndex(20);
-        QCOMPARE(dialog.calls, 1);
-        QCOMPARE(dialog.kind, 49);
-        QCOMPARE(dialog.parent, &combo);
-        QCOMPARE(dialog.currArrow, QStringLiteral("倾斜"));
-        QCOMPARE(blockNames(dialog.blocks), (QStringList{"Flag", "_Origin", "_Oblique"}));
+        QCOMPARE(seen, (QStringList{"49", "1", "指示原点", "Flag", "_Origin"}));
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(combo.currentIndex(), 7);
+        QCOMPARE(spy.at(0).at(0).toInt(), 7);
+        QVERIFY(!combo.signalsBlocked());
+        QCOMPARE(combo.count(), 21);
+
+        // Answered: the chosen block is listed above the standard rows, selected and reported.
+        answer = QStringLiteral("Flag");
+        combo.setCurrentIndex(5);
+        seen.clear();
+        spy.clear();
+        combo.setCurrentIndex(20);
+        QCOMPARE(seen, (QStringList{"49", "1", "倾斜", "Flag", "_Origin", "_Oblique"}));
         QCOMPARE(spy.count(), 1);
         QCOMPARE(combo.currentIndex(), 0);
         QCOMPARE(spy.at(0).at(0).toInt(), 0);
