@@ -18,7 +18,7 @@ class TestKtPsTrueColorComboBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void defaults()
+    void entries()
     {
         KtPsTrueColorComboBox combo;
         const QVector<int> kinds = {2, 0, 0, 0, 0, 0, 0, 0, 1};
@@ -32,27 +32,36 @@ private Q_SLOTS:
         }
         QCOMPARE(iconImage(combo, 6, QSize(12, 12)).pixel(6, 6), QColor(Qt::magenta).rgb());
         QVERIFY(combo.itemIcon(0).isNull() && !combo.itemIcon(8).isNull() && combo.getLastSelIndex() == 0);
-    }
-
-    void colourLookups()
-    {
-        KtPsTrueColorComboBox combo;
         QVERIFY(combo.isGlobalColor(Qt::red) && !combo.isGlobalColor(QColor(255, 0, 0, 128)));
         // Row 0 and the last row hold black too, yet only row 7 counts.
         QCOMPARE(combo.isColorExist(Qt::black), 7);
         QVERIFY(combo.isColorExist(QColor(1, 2, 3)) == -1 && combo.isColorExist(QColor()) == -1);
-        combo.clear();
-        combo.addColorByColor(Qt::red, QString());
-        combo.addColorByColor(Qt::green, QString());
-        QCOMPARE(combo.itemText(0), QStringLiteral("255, 0, 0"));
-        QCOMPARE(combo.isColorExist(Qt::green), -1); // fewer than 3 entries
-        combo.addNormalOption("x");
-        QCOMPARE(combo.isColorExist(Qt::green), 1);
-    }
 
-    void specialColours()
-    {
-        KtPsTrueColorComboBox combo;
+        // The face shows the swatch of a colour entry; "choose colour" paints nothing over the erased face.
+        combo.resize(200, 24);
+        combo.setCurrentIndex(1);
+        QCOMPARE(QColor(combo.grab().toImage().pixel(12, 10)), QColor(Qt::red));
+        combo.setCurrentIndex(8);
+        const QImage chooser = combo.grab().toImage();
+        QCOMPARE(chooser.pixel(12, 10), chooser.pixel(2, 3));
+
+        // The current record: row -> kind and colour afterwards; the name is copied only from a colour row.
+        const std::tuple<int, int, QColor> cases[] = {{0, 2, QColor(9, 9, 9)}, {3, 0, QColor(Qt::green)},
+            {8, 7, QColor(9, 9, 9)}, {-1, 7, QColor(9, 9, 9)}};
+        for (const auto& [row, kind, color] : cases) {
+            combo.QComboBox::setCurrentIndex(row);
+            TrueColorData data{QColor(9, 9, 9), "before", 7, 4};
+            combo.getCurrentColorData(data);
+            QVERIFY2(data.kind == kind && data.color == color, qPrintable(QString::number(row)));
+            QCOMPARE(data.name == "before", row != 3);
+        }
+        // Selection is guarded: indices outside the rows change nothing.
+        combo.setCurrentIndex(4);
+        for (int index : {-1, 9})
+            combo.setCurrentIndex(index);
+        QVERIFY(combo.currentIndex() == 4 && combo.getLastSelIndex() == 4);
+
+        // Special colours go in before "choose colour".
         combo.showSpecialColor(QColor(1, 2, 3), false, 0);
         QVERIFY(combo.count() == 10 && combo.itemText(8) == QStringLiteral("1, 2, 3"));
         QVERIFY(record(combo, 8).kind == 3 && record(combo, 9).kind == 1 && combo.getLastSelIndex() == 8);
@@ -64,6 +73,15 @@ private Q_SLOTS:
         QVERIFY(record(combo, 9).index == 30 && combo.currentIndex() == 9);
         combo.showSpecialColor(Qt::blue, true, 5);
         QVERIFY(combo.currentIndex() == 5 && combo.count() == 11);
+
+        // Only rows between the first and the last count, and only with 3 rows or more.
+        combo.clear();
+        combo.addColorByColor(Qt::red, QString());
+        combo.addColorByColor(Qt::green, QString());
+        QCOMPARE(combo.itemText(0), QStringLiteral("255, 0, 0"));
+        QCOMPARE(combo.isColorExist(Qt::green), -1); // fewer than 3 entries
+        combo.addNormalOption("x");
+        QCOMPARE(combo.isColorExist(Qt::green), 1);
     }
 
     void indexNameFormat()
@@ -79,39 +97,6 @@ private Q_SLOTS:
             combo.showSpecialColor(QColor(7, 7, 7), true, 7);
             QCOMPARE(combo.itemText(8), name);
         }
-    }
-
-    void currentColorData()
-    {
-        KtPsTrueColorComboBox combo;
-        // current row -> kind and colour afterwards; the name is copied only from a colour row
-        const std::tuple<int, int, QColor> cases[] = {{0, 2, QColor(9, 9, 9)}, {3, 0, QColor(Qt::green)},
-            {8, 7, QColor(9, 9, 9)}, {-1, 7, QColor(9, 9, 9)}};
-        for (const auto& [row, kind, color] : cases) {
-            combo.QComboBox::setCurrentIndex(row);
-            TrueColorData data{QColor(9, 9, 9), "before", 7, 4};
-            combo.getCurrentColorData(data);
-            QVERIFY2(data.kind == kind && data.color == color, qPrintable(QString::number(row)));
-            QCOMPARE(data.name == "before", row != 3);
-        }
-        // Selection is guarded: indices outside the rows change nothing.
-        combo.setCurrentIndex(4);
-        for (int index : {-1, 9})
-            combo.setCurrentIndex(index);
-        QVERIFY(combo.currentIndex() == 4 && combo.getLastSelIndex() == 4);
-    }
-
-    void paintedFace()
-    {
-        KtPsTrueColorComboBox combo;
-        combo.resize(200, 24);
-        combo.setCurrentIndex(1);
-        const QImage face = combo.grab().toImage();
-        QCOMPARE(QColor(face.pixel(12, 10)), QColor(Qt::red)); // inside the 12 x 12 swatch
-        // "Choose colour" paints nothing over the erased face.
-        combo.setCurrentIndex(combo.count() - 1);
-        const QImage chooser = combo.grab().toImage();
-        QCOMPARE(chooser.pixel(12, 10), chooser.pixel(2, 3));
     }
 };
 
