@@ -12,7 +12,6 @@
 #include <ktutimagepath.h>
 
 #include <atomic>
-#include <functional>
 #include <thread>
 #include <vector>
 
@@ -21,25 +20,6 @@ namespace {
 constexpr int kThreads = 4;
 constexpr int kRounds = 300;
 
-// Runs @p work(thread) on kThreads threads that start together; returns the failures they counted.
-int onFourThreads(const std::function<int(int)>& work)
-{
-    std::atomic<int> ready{0};
-    std::atomic<int> failures{0};
-    std::vector<std::thread> threads;
-    for (int t = 0; t < kThreads; ++t) {
-        threads.emplace_back([&, t] {
-            ++ready;
-            while (ready.load() < kThreads)
-                std::this_thread::yield();
-            failures += work(t);
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    return failures.load();
-}
-
 } // namespace
 
 class TestKtHostThreads : public QObject
@@ -47,68 +27,50 @@ class TestKtHostThreads : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void serviceDictionary()
+    void hostServicesOnFourThreads()
     {
         CJxServiceDictionary* services = CJxSystem::instance()->getServiceDictionary();
-        KtUiCatalogueLanguageSvr shared;
-        QVERIFY(services->registerService(KtString(L"threads.shared"), &shared));
+        KtUiCatalogueLanguageSvr english;
+        QVERIFY(english.loadBuiltIn(QStringLiteral("en")));
+        QVERIFY(english.registerWithHost());
         std::vector<KtUiCatalogueLanguageSvr> own(kThreads);
-        const int failures = onFourThreads([&](int t) {
-            int bad = 0;
-            const KtString name(QStringLiteral("threads.own.%1").arg(t).toStdWString().c_str());
-            for (int i = 0; i < kRounds; ++i) {
-                bad += services->registerService(name, &own[t]) ? 0 : 1;
-                bad += services->registerService(1000 + t, &own[t]) ? 0 : 1;
-                bad += services->getService(KtString(L"threads.shared")) == &shared ? 0 : 1;
-                bad += services->getService(name) == &own[t] && services->hasService(1000 + t) ? 0 : 1;
-                bad += services->unregisterService(&own[t]) == 2 ? 0 : 1;
-            }
-            return bad;
-        });
-        QCOMPARE(failures, 0);
-        QVERIFY(services->unregisterService(KtString(L"threads.shared")));
-    }
-
-    void imagePathsAndHeap()
-    {
         const long long liveBefore = ktHeapLiveBlocks();
-        const int failures = onFourThreads([](int t) {
+        std::atomic<int> ready{0};
+        std::atomic<int> failures{0};
+        const auto work = [&](int t) {
+            ++ready;
+            while (ready.load() < kThreads)
+                std::this_thread::yield();
+            const KtString name(QStringLiteral("threads.own.%1").arg(t).toStdWString().c_str());
             int bad = 0;
             for (int i = 0; i < kRounds; ++i) {
                 if (t == 0)
                     ktutSetImageDirectory(i % 2 ? QStringLiteral("/nonexistent-kt-images") : QString());
-                bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("plot/plotstyle_fillstyle.bmp")))
-                    ? 0
-                    : 1;
-                bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("../outside.bmp"))) ? 1 : 0;
+                bad += !services->registerService(name, &own[t]);
+                bad += !services->registerService(1000 + t, &own[t]);
+                bad += services->getService(name) != &own[t] || !services->hasService(1000 + t);
+                bad += services->unregisterService(&own[t]) != 2;
+                // The look-ups find the language service in the dictionary the other threads change.
+                bad += ktutResourceText(L"IDS_PLOTSTYLEOPTIONCMD_6", L"实心") != QStringLiteral("Solid");
+                bad += ktutResourceText(L"IDS_NO_SUCH_KEY", L"默认") != QStringLiteral("默认");
+                bad += english.getText(L"IDS_STRING_RED", L"红") != KtString(L"Red");
+                bad += !QFile::exists(ktutGetImageFullPath(QStringLiteral("plot/plotstyle_fillstyle.bmp")));
+                bad += QFile::exists(ktutGetImageFullPath(QStringLiteral("../outside.bmp")));
                 void* block = ktHeapAlloc(std::size_t(16 + i));
                 static_cast<char*>(block)[0] = char(t);
                 ktHeapFree(block);
             }
-            return bad;
-        });
+            failures += bad;
+        };
+        std::vector<std::thread> threads;
+        for (int t = 0; t < kThreads; ++t)
+            threads.emplace_back(work, t);
+        for (std::thread& thread : threads)
+            thread.join();
         ktutSetImageDirectory(QString());
-        QCOMPARE(failures, 0);
-        QCOMPARE(ktHeapLiveBlocks(), liveBefore);
-    }
-
-    void languageLookups()
-    {
-        KtUiCatalogueLanguageSvr english;
-        QVERIFY(english.loadBuiltIn(QStringLiteral("en")));
-        QVERIFY(english.registerWithHost());
-        const int failures = onFourThreads([&english](int) {
-            int bad = 0;
-            for (int i = 0; i < kRounds; ++i) {
-                bad += ktutResourceText(L"IDS_PLOTSTYLEOPTIONCMD_6", L"实心") == QStringLiteral("Solid") ? 0
-                                                                                                         : 1;
-                bad += ktutResourceText(L"IDS_NO_SUCH_KEY", L"默认") == QStringLiteral("默认") ? 0 : 1;
-                bad += english.getText(L"IDS_STRING_RED", L"红") == KtString(L"Red") ? 0 : 1;
-            }
-            return bad;
-        });
         english.unregisterFromHost();
-        QCOMPARE(failures, 0);
+        QCOMPARE(failures.load(), 0);
+        QCOMPARE(ktHeapLiveBlocks(), liveBefore);
     }
 };
 
