@@ -15,27 +15,24 @@ private Q_SLOTS:
     {
         KtUiCatalogueLanguageSvr english;
         QVERIFY(english.loadBuiltIn(QStringLiteral("en")));
-        QCOMPARE(english.language(), QStringLiteral("en"));
 
         const QRegularExpression key(QStringLiteral("\"(IDS_[A-Za-z0-9_]+)\""));
         QSet<QString> keys;
+        QStringList missing;
         QDirIterator it(QStringLiteral(KT_SOURCE_DIR "/src"), {"*.cpp", "*.h"}, QDir::Files,
             QDirIterator::Subdirectories);
         while (it.hasNext()) {
             QFile source(it.next());
             QVERIFY(source.open(QIODevice::ReadOnly));
             auto matches = key.globalMatch(QString::fromUtf8(source.readAll()));
-            while (matches.hasNext())
-                keys.insert(matches.next().captured(1));
+            while (matches.hasNext()) {
+                const QString k = matches.next().captured(1);
+                if (!keys.contains(k) && !english.contains(k))
+                    missing << k;
+                keys.insert(k);
+            }
         }
         QVERIFY2(keys.size() >= 60, "the scan found too few keys: is KT_SOURCE_DIR right?");
-
-        QStringList missing;
-        for (const QString& k : qAsConst(keys)) {
-            if (!english.contains(k))
-                missing << k;
-        }
-        missing.sort();
         QVERIFY2(missing.isEmpty(), qPrintable("no English text for " + missing.join(", ")));
     }
 };
