@@ -14,21 +14,46 @@ class TestKtPsLineWeightComboBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void rows()
+    void rowsAndSelection()
     {
         KtPsLineWeightComboBox combo;
         QVector<double> weights;
         combo.setLineWeightList(weights);
         QVERIFY(combo.count() == 1 && combo.itemIcon(0).isNull());
 
-        weights = {0.25, 0.09, 2.11, -3.0, 1e300, qQNaN()};
+        weights = {0.25, 0.30, 2.11, 0.0, -3.0, 1e300, qQNaN()};
         combo.setLineWeightList(weights);
-        QVERIFY(combo.getLineWeightList() == weights && combo.count() == 7);
+        QVERIFY(combo.getLineWeightList() == weights && combo.count() == 8);
         // The data is the 1-based position, not the weight.
-        for (int row = 0; row < 7; ++row)
+        for (int row = 0; row < 8; ++row)
             QCOMPARE(combo.getLineWeight(row), double(row));
-        QVERIFY(combo.getLineWeight(7) == 0.0 && combo.getLineWeight(-1) == 0.0);
-        QCOMPARE(combo.itemText(4), QStringLiteral("-3.0000 毫米"));
+        QVERIFY(combo.getLineWeight(8) == 0.0 && combo.getLineWeight(-1) == 0.0);
+        QCOMPARE(combo.itemText(5), QStringLiteral("-3.0000 毫米"));
+        // (int)(weight * 10 + 1) pixels, counted down the middle of the picture.
+        const int pixels[] = {3, 4, 22, 1};
+        for (int row = 1; row <= 4; ++row) {
+            const QImage picture = iconImage(combo, row, QSize(80, 25));
+            int drawn = 0;
+            for (int y = 0; y < picture.height(); ++y)
+                drawn += qAlpha(picture.pixel(40, y)) ? 1 : 0;
+            QCOMPARE(drawn, pixels[row - 1]);
+        }
+
+        QSignalSpy index(&combo, QOverload<int>::of(&QComboBox::currentIndexChanged));
+        // Selecting by position is silent. position -> current row, starting from row 1 each time
+        const QPair<int, int> cases[] = {{0, 0}, {2, 2}, {9, 1}, {-1, 1}};
+        for (const auto& [position, row] : cases) {
+            combo.QComboBox::setCurrentIndex(1);
+            index.clear();
+            combo.setCurrentLineWeight(position);
+            QVERIFY2(combo.currentIndex() == row && index.isEmpty(), qPrintable(QString::number(position)));
+        }
+        // Setting the very list it holds is a rebuild all the same, and Qt reports it.
+        combo.setCurrentIndex(3);
+        index.clear();
+        QVector<double> same = combo.getLineWeightList();
+        combo.setLineWeightList(same);
+        QVERIFY(combo.currentIndex() == 0 && index.count() >= 1);
     }
 
     void texts()
@@ -49,44 +74,6 @@ private Q_SLOTS:
             QCOMPARE(combo.itemText(0),
                 english ? QStringLiteral("Use object lineweight") : QStringLiteral("使用对象线宽"));
         }
-    }
-
-    void penWidth()
-    {
-        // (int)(weight * 10 + 1) pixels, counted down the middle of the picture.
-        const QPair<double, int> cases[] = {{0.0, 1}, {0.25, 3}, {0.30, 4}, {2.11, 22}};
-        for (const auto& [weight, pixels] : cases) {
-            KtPsLineWeightComboBox combo;
-            QVector<double> weights = {weight};
-            combo.setLineWeightList(weights);
-            const QImage picture = iconImage(combo, 1, QSize(80, 25));
-            int drawn = 0;
-            for (int y = 0; y < picture.height(); ++y)
-                drawn += qAlpha(picture.pixel(40, y)) ? 1 : 0;
-            QCOMPARE(drawn, pixels);
-        }
-    }
-
-    void selectionAndRebuildSignals()
-    {
-        KtPsLineWeightComboBox combo;
-        QVector<double> weights = {0.1, 0.2, 0.3};
-        combo.setLineWeightList(weights);
-        QSignalSpy index(&combo, QOverload<int>::of(&QComboBox::currentIndexChanged));
-        // Selecting by position is silent. position -> current row, starting from row 1 each time
-        const QPair<int, int> cases[] = {{0, 0}, {2, 2}, {4, 1}, {-1, 1}};
-        for (const auto& [position, row] : cases) {
-            combo.QComboBox::setCurrentIndex(1);
-            index.clear();
-            combo.setCurrentLineWeight(position);
-            QVERIFY2(combo.currentIndex() == row && index.isEmpty(), qPrintable(QString::number(position)));
-        }
-        // Setting the very list it holds is a rebuild all the same, and Qt reports it.
-        combo.setCurrentIndex(3);
-        index.clear();
-        QVector<double> same = combo.getLineWeightList();
-        combo.setLineWeightList(same);
-        QVERIFY(combo.currentIndex() == 0 && index.count() >= 1);
     }
 };
 
