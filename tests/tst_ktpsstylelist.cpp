@@ -27,7 +27,7 @@ class TestKtPsStyleList : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void recordsAndRows()
+    void records()
     {
         CJxPlotStyle a, b, c;
         KtPsStyleList list;
@@ -58,15 +58,11 @@ private Q_SLOTS:
         QVERIFY(list.getStyleDataList().isEmpty() && list.count() == 0);
         // Alpha is dropped; each channel takes two digits.
         QCOMPARE(StyleListItem().convertRGBToHexColor(QColor(10, 11, 12, 4)), QStringLiteral("#0a0b0c"));
-    }
 
-    void getStyleData()
-    {
+        // getStyleData's guard stops at 254 whatever the number of records.
         std::vector<CJxPlotStyle> styles(300);
-        KtPsStyleList list;
         for (int i = 0; i < 300; ++i)
             list.insertStyleData(i, QString::number(i), Qt::red, &styles[i]);
-        // The guard stops at 254 whatever the number of records.
         for (int index : {254, 255, -1, 300}) {
             CJxPlotStyle sentinel, *style = &sentinel;
             list.getStyleData(index, style);
@@ -74,19 +70,21 @@ private Q_SLOTS:
         }
     }
 
-    void painting()
+    void paintingAndRightClick()
     {
+        KtPsStyleList list;
+        list.resize(200, 200);
+        list.insertStyleData(0, "A", Qt::red, nullptr);
+        list.insertStyleData(1, "B", QColor(0, 128, 255), nullptr);
+        list.insertStyleData(2, "C", Qt::red, nullptr);
+        list.refreshStyleList();
         // The highlight (at x >= 25) of a current row follows the text: light grey behind dark text,
         // dark blue behind light text (mid grey counts as light); a row that is not current has none.
         const std::tuple<QColor, int, QColor> cases[] = {{Qt::black, 1, Qt::lightGray},
             {QColor(128, 128, 128), 1, Qt::darkBlue}, {Qt::black, 0, QColor()}}; // text, current, highlight
+        auto* item = qobject_cast<StyleListItem*>(list.itemWidget(list.item(1)));
         for (const auto& [text, current, highlight] : cases) {
-            KtPsStyleList list;
-            list.insertStyleData(0, "A", Qt::red, nullptr);
-            list.insertStyleData(1, "B", QColor(0, 128, 255), nullptr);
-            list.refreshStyleList();
             list.setCurrentRow(current);
-            auto* item = qobject_cast<StyleListItem*>(list.itemWidget(list.item(1)));
             QPalette palette = item->palette();
             palette.setColor(QPalette::WindowText, text);
             item->setPalette(palette);
@@ -97,19 +95,10 @@ private Q_SLOTS:
             for (const QPoint& at : {QPoint(150, 2), QPoint(25, 19)})
                 QCOMPARE(QColor(image.pixel(at)) == highlight, highlight.isValid());
         }
-
         const QImage freeStanding = StyleListItem().grab().toImage();
         QCOMPARE(QColor(freeStanding.pixel(16, 9)), QColor(Qt::white));
         QCOMPARE(freeStanding.pixel(150, 2), freeStanding.pixel(3, 2));
-    }
 
-    void menuRequest()
-    {
-        KtPsStyleList list;
-        list.resize(200, 200);
-        for (int i = 0; i < 3; ++i)
-            list.insertStyleData(i, QString::number(i), Qt::red, nullptr);
-        list.refreshStyleList();
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
         QSignalSpy spy(&list, &KtPsStyleList::itemMenuRequest);
