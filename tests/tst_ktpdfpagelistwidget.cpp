@@ -125,6 +125,21 @@ private Q_SLOTS:
         list.setPageIcon(red, 7);
         QVERIFY(list.getSelectItemIcon(7).isNull());
 
+        // A click on empty space changes nothing; a drag from an item over the others selects nothing more.
+        list.resize(400, 400);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QWidget* viewport = list.viewport();
+        const auto centre = [&](int row) { return list.visualItemRect(list.item(row)).center(); };
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, centre(1));
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(395, 395)); // empty space
+        QVERIFY(list.currentRow() == 1 && list.selectedItems().size() == 1);
+        QTest::mousePress(viewport, Qt::LeftButton, {}, centre(0));
+        QMouseEvent move(QEvent::MouseMove, centre(2), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(viewport, &move);
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, centre(2));
+        QCOMPARE(list.selectedItems().size(), 1);
+
         // An empty document is no error: no message, no rows, no thread.
         MessageBoxes boxes;
         finished.clear();
@@ -213,26 +228,6 @@ private Q_SLOTS:
         doomed->setInfo(m_many);
         QTest::qWait(20);
         delete doomed;
-    }
-
-    void mouse()
-    {
-        KtPdfPageListWidget list;
-        list.resize(400, 400);
-        list.setInfo(m_three);
-        list.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&list));
-        QWidget* viewport = list.viewport();
-        const auto centre = [&](int row) { return list.visualItemRect(list.item(row)).center(); };
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, centre(1));
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, QPoint(395, 395)); // empty space
-        QVERIFY(list.currentRow() == 1 && list.selectedItems().size() == 1);
-        // A drag from an item over the others selects nothing more.
-        QTest::mousePress(viewport, Qt::LeftButton, {}, centre(0));
-        QMouseEvent move(QEvent::MouseMove, centre(2), Qt::LeftButton, Qt::LeftButton, {});
-        QApplication::sendEvent(viewport, &move);
-        QTest::mouseRelease(viewport, Qt::LeftButton, {}, centre(2));
-        QCOMPARE(list.selectedItems().size(), 1);
     }
 };
 
