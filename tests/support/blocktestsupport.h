@@ -63,17 +63,13 @@ inline QString describeGeometry(const KtDbEntity* entity)
     return QStringLiteral("?");
 }
 
-/// Layer (by name), colour index, linetype, line weight and transparency method of @p entity.
+/// Layer ("0" for the database's layer zero), colour index, linetype, line weight and transparency
+/// method of @p entity.
 inline QString describeProperties(const KtDbEntity* entity)
 {
-    QString layer;
-    KtDbSymbolTableRecord* record = nullptr;
-    if (ktdbOpenObject(record, entity->layerId(), KtDb::kForRead) == Kt::eOk) {
-        layer = ktutKtStringToQString(record->name());
-        record->close();
-    }
+    const bool zero = entity->layerId() == curDatabase()->layerZero();
     return QStringLiteral("layer %1, colour %2, %3, weight %4, transparency %5")
-        .arg(layer)
+        .arg(zero ? QStringLiteral("0") : QStringLiteral("other"))
         .arg(entity->colorIndex())
         .arg(ktutKtStringToQString(entity->linetype()))
         .arg(int(entity->lineWeight()))
