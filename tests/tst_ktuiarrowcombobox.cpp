@@ -149,9 +149,6 @@ private Q_SLOTS:
         KtDbBlockTableRecord* block = nullptr;
         QCOMPARE(ktdbOpenObject(block, id, KtDb::kForRead), Kt::eOk);
         QCOMPARE(ktutKtStringToQString(block->name()), name); // mixed case, as created
-        KtString path(L"x");
-        block->pathName(path);
-        QVERIFY(path.isEmpty());
         block->close();
         QCOMPARE(describeBlock(id), entities);
     }
