@@ -38,15 +38,11 @@ QString writePdf(const QString& path, int pages)
 struct MessageBoxes
 {
     QStringList texts;
-    KtUiMessageBoxHandler previous;
-    MessageBoxes()
-    {
-        previous = ktuiSetMessageBoxHandler(
-            [this](const QString& a, const QString& b, int flags, QWidget* parent) {
-                texts << a << b << QString::number(flags) << QString::number(parent != nullptr);
-                return 0;
-            });
-    }
+    KtUiMessageBoxHandler previous
+        = ktuiSetMessageBoxHandler([this](const QString& a, const QString& b, int flags, QWidget* parent) {
+              texts << a << b << QString::number(flags) << QString::number(parent != nullptr);
+              return 0;
+          });
     ~MessageBoxes() { ktuiSetMessageBoxHandler(previous); }
 };
 
