@@ -44,13 +44,8 @@ QVector<uint> readBackValues(const std::wstring& line)
     return values;
 }
 
-/// Ways to load: from a file with a large or a small buffer, or through lent buffers.
-struct LoadWay
-{
-    bool lending;
-    int bufferSize;
-};
-const LoadWay loadWays[] = {{false, 4096}, {false, 128}, {true, 128}};
+/// Ways to load (lending, buffer size): from a file with a large or a small buffer, or through lent buffers.
+const std::pair<bool, int> loadWays[] = {{false, 4096}, {false, 128}, {true, 128}};
 
 using Values = std::tuple<unsigned char, char, bool, unsigned short, wchar_t, int, unsigned int, long, float,
     double, long long, unsigned long long>;
@@ -86,9 +81,7 @@ private:
             CKtArchive ar(&file, 0, bufferSize, buffer);
             fill(ar);
         }
-        QFile file(path);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
+        return CKtFile(path.toStdWString().c_str(), 0).readAll();
     }
 
     /// A loading archive over @p bytes, on a file on disk or on a lending file.
@@ -140,7 +133,7 @@ private Q_SLOTS:
         }
     }
 
-    void valuesEncodeAndRoundTrip()
+    void valuesEncodeAndLoad()
     {
         // In order, little-endian, no padding; wchar_t keeps its low 16 bits, long its low 32.
         const QByteArray one = hex("7f 80 01 3412 00f6 feffffff 78563412 efcdab89 0000c03f 000000000000f8bf "
@@ -148,20 +141,20 @@ private Q_SLOTS:
         const Values values(0x7f, -128, true, 0x1234, 0x1F600, -2, 0x12345678u, 0x0123456789abcdefL, 1.5f,
             -1.5, static_cast<long long>(0x8000000000000001ull), ~0ull);
         // Enough values to cross the small buffer's end several times; what is loaded
-        // and stored again gives the same bytes (the high halves of wide loads: see wideLoadsReadAhead).
+        // and stored again gives the same bytes (the high halves of wide loads: see below).
         auto store = [](CKtArchive& ar, const Values& v) {
             std::apply([&](const auto&... x) { (ar << ... << x); }, v);
         };
-        for (const LoadWay& way : loadWays) {
+        for (const auto& [lending, bufferSize] : loadWays) {
             const QByteArray bytes = stored(
                 [&](CKtArchive& ar) {
                     for (int i = 0; i < 20; ++i)
                         store(ar, values);
                 },
-                way.bufferSize);
+                bufferSize);
             QCOMPARE(bytes.toHex(), one.repeated(20).toHex());
 
-            Loader l = loader(bytes, way.lending, way.bufferSize);
+            Loader l = loader(bytes, lending, bufferSize);
             const QByteArray again = stored([&](CKtArchive& out) {
                 for (int i = 0; i < 20; ++i) {
                     Values got;
@@ -171,17 +164,15 @@ private Q_SLOTS:
             });
             QCOMPARE(again.toHex(), bytes.toHex());
         }
-    }
 
-    void wideLoadsReadAhead()
-    {
-        // wchar_t reads ahead the same way: see readStringLine.
+        // long fills its high half from the 4 bytes after the 4 it consumes; wchar_t reads ahead the
+        // same way (see readStringLine).
         Loader l = loader(hex("0100000002000000 02"));
         long lo = 0;
         int next = 0;
         bool flag = false;
         *l.ar >> lo >> next >> flag;
-        QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, high half read again
+        QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, the high half read again
         QCOMPARE(next, 2);
         QVERIFY(flag); // any non-zero byte
     }
@@ -214,8 +205,8 @@ private Q_SLOTS:
         QFETCH(QVector<uint>, characters);
         QFETCH(int, unreadInt);
 
-        for (const LoadWay& way : loadWays) {
-            Loader l = loader(bytes, way.lending, way.bufferSize);
+        for (const auto& [lending, bufferSize] : loadWays) {
+            Loader l = loader(bytes, lending, bufferSize);
             KtString text(L"old");
             int rest = 0;
             *l.ar >> text >> rest;
@@ -279,9 +270,9 @@ private Q_SLOTS:
     void readStringStopsAtTheEnd()
     {
         // "ab\ncd" as WriteString writes it, the last line without a line feed: two lines, then nothing.
-        for (const LoadWay& way : loadWays) {
+        for (const auto& [lending, bufferSize] : loadWays) {
             for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
-                Loader l = loader(wide(L"ab\ncd"), way.lending, way.bufferSize);
+                Loader l = loader(wide(L"ab\ncd"), lending, bufferSize);
                 wchar_t buffer[64];
                 int lines = 0;
                 while (l.ar->ReadString(buffer, max) && lines < 10)
@@ -325,7 +316,7 @@ private Q_SLOTS:
         QFETCH(QVector<QVector<uint>>, lines);
 
         // A buffer larger than the text: at a buffer's end the high half of a
-        // character would come from behind the data (see valuesEncodeAndRoundTrip).
+        // character would come from behind the data (see valuesEncodeAndLoad).
         for (bool lending : {false, true}) {
             Loader l = loader(bytes, lending, 4096);
             QVector<QVector<uint>> got;

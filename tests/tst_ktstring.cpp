@@ -117,7 +117,6 @@ private Q_SLOTS:
         QTest::newRow("full, no NUL") << 4 << "wxyz" << -1 << "wxyz";
         QTest::newRow("NUL within text") << 2 << "X|" << -1 << "X";
         QTest::newRow("explicit, negative minimum") << -5 << "" << 2 << "ab";
-        QTest::newRow("explicit keeps NUL") << 4 << "ab|" << 4 << QString::fromLatin1("ab\0\0", 4);
         QTest::newRow("clamped") << 5 << "abcde" << 100 << "abcde";
     }
     void buffer()
