@@ -376,8 +376,6 @@ private Q_SLOTS:
 
     void onScreen()
     {
-        QWidget dialog;
-        QCOMPARE((new CKtListCtrl(&dialog))->parentWidget(), &dialog); // unlike the tree, the parent is taken
         m_list->move(40, 40);
         fill(40, 3);
         m_list->resize(320, 260);
