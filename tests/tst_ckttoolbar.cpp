@@ -135,7 +135,7 @@ private Q_SLOTS:
         }
     }
 
-    void queries()
+    void queriesAndDocking()
     {
         QWidget window;
         auto* bar = new CKtToolBar(&window);
@@ -152,6 +152,7 @@ private Q_SLOTS:
         QCOMPARE(bar->GetItemID(4), nullptr);
         QCOMPARE(bar->GetItemID(-1), nullptr);
 
+        window.resize(400, 300);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         const QRect geometry = bar->actionGeometry(c);
@@ -186,6 +187,25 @@ private Q_SLOTS:
         QCOMPARE(bar->DeleteButton(nullptr) + bar->DeleteButton(b), 2);
         QCOMPARE(bar->GetButtonCount(), 2);
         QCOMPARE(b->parent(), static_cast<QObject*>(bar)); // taken off, not deleted
+
+        // Docking: a strip of icon size + 8 along the parent's edge; any other code moves nothing.
+        const QRect before(5, 6, 70, 30);
+        const std::tuple<unsigned, QRect, Qt::Orientation> cases[]
+            = {{CBRS_ALIGN_LEFT, before, Qt::Horizontal}, {CBRS_LEFT, QRect(0, 0, 24, 300), Qt::Vertical},
+                {CBRS_TOP, QRect(0, 0, 400, 23), Qt::Horizontal},
+                {CBRS_RIGHT, QRect(376, 0, 24, 300), Qt::Vertical},
+                {CBRS_BOTTOM, QRect(0, 277, 400, 23), Qt::Horizontal}};
+        for (const auto& [code, placed, orientation] : cases) {
+            bar->setGeometry(before);
+            bar->DockBar(int(code));
+            QCOMPARE(bar->geometry(), placed);
+            QCOMPARE(bar->orientation(), orientation);
+        }
+
+        // Without a parent nothing moves.
+        m_bar->setGeometry(before);
+        m_bar->DockBar(CBRS_TOP);
+        QCOMPARE(m_bar->geometry(), before);
     }
 
     void updateToolBarSize_data()
@@ -226,34 +246,6 @@ private Q_SLOTS:
         const auto limit = [](int size) { return size < 0 ? QWIDGETSIZE_MAX : size; };
         QCOMPARE(m_bar->maximumSize(), QSize(limit(fixed.width()), limit(fixed.height())));
         QCOMPARE(m_bar->minimumSize(), fixed.expandedTo(QSize(0, 0)));
-    }
-
-    void dockBar()
-    {
-        // A strip of icon size + 8 along the parent's edge; any other code moves nothing.
-        QWidget parent;
-        parent.resize(400, 300);
-        CKtToolBar bar(&parent);
-        bar.addAction(marker(), QString());
-        parent.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&parent));
-        const QRect before(5, 6, 70, 30);
-        const std::tuple<unsigned, QRect, Qt::Orientation> cases[]
-            = {{CBRS_ALIGN_LEFT, before, Qt::Horizontal}, {CBRS_LEFT, QRect(0, 0, 24, 300), Qt::Vertical},
-                {CBRS_TOP, QRect(0, 0, 400, 23), Qt::Horizontal},
-                {CBRS_RIGHT, QRect(376, 0, 24, 300), Qt::Vertical},
-                {CBRS_BOTTOM, QRect(0, 277, 400, 23), Qt::Horizontal}};
-        for (const auto& [code, geometry, orientation] : cases) {
-            bar.setGeometry(before);
-            bar.DockBar(int(code));
-            QCOMPARE(bar.geometry(), geometry);
-            QCOMPARE(bar.orientation(), orientation);
-        }
-
-        // Without a parent nothing moves.
-        m_bar->setGeometry(before);
-        m_bar->DockBar(CBRS_TOP);
-        QCOMPARE(m_bar->geometry(), before);
     }
 };
 
