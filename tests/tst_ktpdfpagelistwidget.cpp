@@ -62,10 +62,6 @@ struct FakeService : KtDbUnderlayDocumentService
     KtDbUnderlayFile* openDocument(const KtString&) override { return &document; }
 };
 
-struct OtherObject : CJxRxObject
-{
-};
-
 QStringList texts(const QListWidget& list)
 {
     QStringList result;
@@ -179,7 +175,7 @@ private Q_SLOTS:
                          qpdf, {"--encrypt", "user", "owner", "256", "--", m_three, m_dir.filePath(file)}),
                 0);
         }
-        OtherObject other;
+        FakeDocument other(0); // a host object, but no document service
         std::unique_ptr<Service423> service(type ? new Service423(type == 2 ? &other : nullptr) : nullptr);
 
         KtPdfPageListWidget list;
