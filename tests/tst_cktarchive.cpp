@@ -44,8 +44,19 @@ QVector<uint> readBackValues(const std::wstring& line)
     return values;
 }
 
-/// Ways to load (lending, buffer size): from a file with a large or a small buffer, or through lent buffers.
+/// Ways to load (lending, buffer size): reading with a large or a small buffer, or through lent buffers.
 const std::pair<bool, int> loadWays[] = {{false, 4096}, {false, 128}, {true, 128}};
+
+/// A loading archive over @p bytes in memory, with a file that lends its buffers or one that is read.
+struct Loader
+{
+    explicit Loader(const QByteArray& bytes, bool lending = false, int bufferSize = 4096)
+        : file(bytes, lending ? 1 : 0)
+        , ar(&file, 1, bufferSize)
+    { }
+    MemoryLendingFile file;
+    CKtArchive ar;
+};
 
 using Values = std::tuple<unsigned char, char, bool, unsigned short, wchar_t, int, unsigned int, long, float,
     double, long long, unsigned long long>;
@@ -62,15 +73,6 @@ private:
 
     QString newPath() { return m_dir.filePath(QStringLiteral("f%1.bin").arg(++m_serial)); }
 
-    QString fileWith(const QByteArray& bytes)
-    {
-        const QString path = newPath();
-        QFile out(path);
-        out.open(QIODevice::WriteOnly);
-        out.write(bytes);
-        return path;
-    }
-
     /// The bytes an archive on a fresh file holds after @p fill and its destruction.
     QByteArray stored(
         const std::function<void(CKtArchive&)>& fill, int bufferSize = 4096, void* buffer = nullptr)
@@ -82,21 +84,6 @@ private:
             fill(ar);
         }
         return CKtFile(path.toStdWString().c_str(), 0).readAll();
-    }
-
-    /// A loading archive over @p bytes, on a file on disk or on a lending file.
-    struct Loader
-    {
-        std::unique_ptr<CKtFile> file;
-        std::unique_ptr<CKtArchive> ar;
-    };
-    Loader loader(const QByteArray& bytes, bool lending = false, int bufferSize = 4096)
-    {
-        Loader l;
-        l.file = lending ? std::make_unique<MemoryLendingFile>(bytes)
-                         : std::make_unique<CKtFile>(fileWith(bytes).toStdWString().c_str(), 0);
-        l.ar = std::make_unique<CKtArchive>(l.file.get(), 1, bufferSize);
-        return l;
     }
 
 private Q_SLOTS:
@@ -122,9 +109,9 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
 
         QCOMPARE(stored([&](CKtArchive& ar) { AfxWriteStringLength_Q(ar, length, unicode); }), bytes);
-        Loader l = loader(bytes);
+        Loader l(bytes);
         int charSize = 0;
-        QCOMPARE(AfxReadStringLength_Q(*l.ar, charSize), length);
+        QCOMPARE(AfxReadStringLength_Q(l.ar, charSize), length);
         QCOMPARE(charSize, unicode ? 2 : 1);
         // operator<< writes the same prefix, without marker, then 4-byte units.
         if (!unicode && length < 100000) {
@@ -154,11 +141,11 @@ private Q_SLOTS:
                 bufferSize);
             QCOMPARE(bytes.toHex(), one.repeated(20).toHex());
 
-            Loader l = loader(bytes, lending, bufferSize);
+            Loader l(bytes, lending, bufferSize);
             const QByteArray again = stored([&](CKtArchive& out) {
                 for (int i = 0; i < 20; ++i) {
                     Values got;
-                    std::apply([&](auto&... x) { (*l.ar >> ... >> x); }, got);
+                    std::apply([&](auto&... x) { (l.ar >> ... >> x); }, got);
                     store(out, got);
                 }
             });
@@ -167,11 +154,11 @@ private Q_SLOTS:
 
         // long fills its high half from the 4 bytes after the 4 it consumes; wchar_t reads ahead the
         // same way (see readStringLine).
-        Loader l = loader(hex("0100000002000000 02"));
+        Loader l(hex("0100000002000000 02"));
         long lo = 0;
         int next = 0;
         bool flag = false;
-        *l.ar >> lo >> next >> flag;
+        l.ar >> lo >> next >> flag;
         QCOMPARE(quint64(lo), 0x0000000200000001ull); // not sign-extended, the high half read again
         QCOMPARE(next, 2);
         QVERIFY(flag); // any non-zero byte
@@ -206,10 +193,10 @@ private Q_SLOTS:
         QFETCH(int, unreadInt);
 
         for (const auto& [lending, bufferSize] : loadWays) {
-            Loader l = loader(bytes, lending, bufferSize);
+            Loader l(bytes, lending, bufferSize);
             KtString text(L"old");
             int rest = 0;
-            *l.ar >> text >> rest;
+            l.ar >> text >> rest;
             QCOMPARE(QVector<uint>(text.c_str(), text.c_str() + text.length()), characters);
             if (unreadInt)
                 QCOMPARE(rest, unreadInt);
@@ -251,9 +238,9 @@ private Q_SLOTS:
         QFETCH(QVector<uint>, line);
         QFETCH(uint, nextCharacter);
 
-        Loader l = loader(bytes);
+        Loader l(bytes);
         std::vector<wchar_t> buffer(std::size_t(std::abs(max)) + 1, L'#');
-        const wchar_t* result = l.ar->ReadString(buffer.data(), unsigned(max));
+        const wchar_t* result = l.ar.ReadString(buffer.data(), unsigned(max));
         QCOMPARE(result == nullptr, isNull);
         if (!isNull) {
             QCOMPARE(result, buffer.data());
@@ -261,10 +248,10 @@ private Q_SLOTS:
                 QVector<uint>(buffer.begin(), buffer.begin() + line.size() + 1), line + QVector<uint>{0});
         }
         wchar_t next = 0;
-        *l.ar >> next;
+        l.ar >> next;
         if (nextCharacter)
             QCOMPARE(uint(next), nextCharacter);
-        QVERIFY(!l.ar->ReadString(nullptr, 10));
+        QVERIFY(!l.ar.ReadString(nullptr, 10));
     }
 
     void readStringStopsAtTheEnd()
@@ -272,10 +259,10 @@ private Q_SLOTS:
         // "ab\ncd" as WriteString writes it, the last line without a line feed: two lines, then nothing.
         for (const auto& [lending, bufferSize] : loadWays) {
             for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
-                Loader l = loader(wide(L"ab\ncd"), lending, bufferSize);
+                Loader l(wide(L"ab\ncd"), lending, bufferSize);
                 wchar_t buffer[64];
                 int lines = 0;
-                while (l.ar->ReadString(buffer, max) && lines < 10)
+                while (l.ar.ReadString(buffer, max) && lines < 10)
                     ++lines;
                 QCOMPARE(lines, 2);
             }
@@ -318,10 +305,10 @@ private Q_SLOTS:
         // A buffer larger than the text: at a buffer's end the high half of a
         // character would come from behind the data (see valuesEncodeAndLoad).
         for (bool lending : {false, true}) {
-            Loader l = loader(bytes, lending, 4096);
+            Loader l(bytes, lending, 4096);
             QVector<QVector<uint>> got;
             KtString line(L"before");
-            while (l.ar->ReadString(line) && got.size() <= lines.size())
+            while (l.ar.ReadString(line) && got.size() <= lines.size())
                 got << QVector<uint>(line.c_str(), line.c_str() + line.length());
             QCOMPARE(got, lines);
             QVERIFY(line.isEmpty());
@@ -356,15 +343,14 @@ private Q_SLOTS:
 
         // Whole buffers go straight between the file and the caller's memory.
         const QByteArray content = ramp(12000, 7);
-        MemoryLendingFile in(content, 0);
-        CKtArchive loading(&in, 1, 4096);
+        Loader in(content);
         QByteArray got(10000, '\0');
-        QCOMPARE(loading.Read(got.data(), 10000), 10000u);
-        QCOMPARE(in.reads, Counts({8192, 4096}));
+        QCOMPARE(in.ar.Read(got.data(), 10000), 10000u);
+        QCOMPARE(in.file.reads, Counts({8192, 4096}));
         QCOMPARE(got, content.left(10000));
-        QCOMPARE(loading.Read(got.data(), 0), 0u);
-        QCOMPARE(loading.Read(nullptr, 10), 0u);
-        QCOMPARE(loading.Read(got.data(), 5000), 2000u); // the file ends
+        QCOMPARE(in.ar.Read(got.data(), 0), 0u);
+        QCOMPARE(in.ar.Read(nullptr, 10), 0u);
+        QCOMPARE(in.ar.Read(got.data(), 5000), 2000u); // the file ends
         QCOMPARE(got.left(2000), content.mid(10000));
 
         MemoryLendingFile out(QByteArray(), 0);
@@ -389,8 +375,11 @@ private Q_SLOTS:
         for (const auto& [mode, filePosition] :
             {std::pair(0u, 3ull), std::pair(1u, 3ull), std::pair(2u, 0ull), std::pair(3u, 5ull)}) {
             const bool loading = mode & 1;
-            const QString path = loading ? fileWith(QByteArray(5, 'r')) : newPath();
-            CKtFile file(path.toStdWString().c_str(), loading ? 0 : 1);
+            CKtFile file(newPath().toStdWString().c_str(), 2);
+            if (loading) {
+                file.write(QByteArray(5, 'r'));
+                file.seek(0);
+            }
             {
                 CKtArchive ar(&file, mode, 4096);
                 unsigned char bytes[3] = {1, 2, 3};
@@ -470,11 +459,11 @@ private Q_SLOTS:
 
     void wrongDirectionAndDetached()
     {
-        Loader l = loader(hex("2a000000"));
-        *l.ar << 5; // nothing on a loading archive
+        Loader l(hex("2a000000"));
+        l.ar << 5; // nothing on a loading archive
         KtString text(L"same");
         int n = 0;
-        *l.ar >> n;
+        l.ar >> n;
         QCOMPARE(n, 42);
 
         CKtFile file(newPath().toStdWString().c_str(), 1);
