@@ -161,10 +161,10 @@ private Q_SLOTS:
         }
     }
 
-    void blockArrayFilter()
+    void userArrow()
     {
-        // Left out: model space and the layouts by name (from 12 characters on, in any case), and
-        // external, dependent and anonymous blocks by their flags, whatever their names.
+        // Offered to the dialog: no model space or layouts (by name, from 12 characters on, in any case)
+        // and no external, dependent or anonymous blocks (by flag, whatever the name).
         FreshDrawing drawing;
         const KtDbObjectId spac = addBlock(L"*MODEL_SPAC");
         addBlock(L"*U7");
@@ -173,17 +173,10 @@ private Q_SLOTS:
         addBlock(L"*model_spaceX");
         addBlock(L"Xref", true);
         addBlock(L"XrefPart", false, true);
-        QCOMPARE(blockCount(drawing.db()), 2 + 7);
-        const QVariantList blocks = KtUiArrowComboBox().getBlockArray();
-        QCOMPARE(blockNames(blocks), (QStringList{"*MODEL_SPAC", "*U7"}));
-        QCOMPARE(blocks.first().toMap().value("blockId").toLongLong(), qint64(spac.handle()));
-    }
-
-    void userArrow()
-    {
-        FreshDrawing drawing;
         const KtDbObjectId flag = addBlock(L"Flag");
+        QCOMPARE(blockCount(drawing.db()), 2 + 8);
         KtUiArrowComboBox combo;
+        QCOMPARE(combo.getBlockArray().first().toMap().value("blockId").toLongLong(), qint64(spac.handle()));
         // The scripted dialog notes the kind, whether its parent is the combo, "currArrow" and the names
         // in "blocks" of each call, and answers with `answer` (none: cancelled).
         QString answer;
@@ -206,7 +199,7 @@ private Q_SLOTS:
         combo.setCurrentIndex(7);
         spy.clear();
         combo.setCurrentIndex(20);
-        QCOMPARE(seen, (QStringList{"49", "1", "指示原点", "Flag", "_Origin"}));
+        QCOMPARE(seen, (QStringList{"49", "1", "指示原点", "*MODEL_SPAC", "*U7", "Flag", "_Origin"}));
         QCOMPARE(spy.count(), 1);
         QCOMPARE(combo.currentIndex(), 7);
         QCOMPARE(spy.at(0).at(0).toInt(), 7);
@@ -219,7 +212,7 @@ private Q_SLOTS:
         seen.clear();
         spy.clear();
         combo.setCurrentIndex(20);
-        QCOMPARE(seen, (QStringList{"49", "1", "倾斜", "Flag", "_Origin", "_Oblique"}));
+        QCOMPARE(seen, (QStringList{"49", "1", "倾斜", "*MODEL_SPAC", "*U7", "Flag", "_Origin", "_Oblique"}));
         QCOMPARE(spy.count(), 1);
         QCOMPARE(combo.currentIndex(), 0);
         QCOMPARE(spy.at(0).at(0).toInt(), 0);
