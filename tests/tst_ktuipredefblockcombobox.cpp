@@ -41,9 +41,10 @@ private Q_SLOTS:
             (QStringList{other, other}));
     }
 
-    void lookupsByName()
+    void lookupsAndSelection()
     {
         // Without the bitmap the rows come all the same, with no icons.
+        FreshDrawing drawing;
         MissingImages missing;
         KtUiPredefBlockComboBox combo;
         QCOMPARE(combo.count(), 6);
@@ -53,18 +54,7 @@ private Q_SLOTS:
         const std::pair<QString, int> rows[] = {{"_tagcircle", 2}, {"_TAGTRIANGLE", 5}, {"", -1}, {"圆", -1}};
         for (const auto& [name, row] : rows)
             QCOMPARE(combo.findItemByPredefBlockName(name), row);
-        // SelectString compares the upper-cased name with the stored mixed-case names: nothing matches.
-        combo.setCurrentIndex(2);
-        for (const QString& name : {QStringLiteral("_TagBox"), QStringLiteral("_tagcircle")})
-            QCOMPARE(combo.SelectString(0, name), -1);
-        QCOMPARE(combo.currentIndex(), 2);
-        QCOMPARE(combo.currentPredefIndex(), 2);
-    }
 
-    void selection()
-    {
-        FreshDrawing drawing;
-        KtUiPredefBlockComboBox combo;
         combo.blockSignals(true);
         combo.setCurrentIndex(2);
         combo.blockSignals(false);
@@ -73,6 +63,10 @@ private Q_SLOTS:
         QVERIFY(!circle.isNull());
         QCOMPARE(combo.GetCurSelPredefHead(), circle);
         QCOMPARE(KtUiPredefBlockComboBox::GetBlockTableRecordId(L"_TAGCIRCLE"), circle);
+        // SelectString compares the upper-cased name with the stored mixed-case names: nothing matches.
+        for (const QString& name : {QStringLiteral("_TagBox"), QStringLiteral("_tagcircle")})
+            QCOMPARE(combo.SelectString(0, name), -1);
+        QCOMPARE(combo.currentIndex(), 2);
         // No row: no block, and no name.
         QVERIFY(KtUiPredefBlockComboBox::GeneratePredefHeadBlock(6).isNull());
         combo.setCurrentIndex(-1);
