@@ -22,20 +22,14 @@ QJsonArray point(const KtGePoint3d& p)
     return {p.x, p.y, p.z};
 }
 
-QString symbolName(KtDbObjectId id)
-{
-    KtDbSymbolTableRecord* record = nullptr;
-    if (ktdbOpenObject(record, id, KtDb::kForRead) != Kt::eOk)
-        return {};
-    const QString name = ktutKtStringToQString(record->name());
-    record->close();
-    return name;
-}
-
 QJsonObject entityJson(const KtDbEntity* e)
 {
     QJsonObject o;
-    o["layer"] = symbolName(e->layerId());
+    KtDbSymbolTableRecord* layer = nullptr;
+    if (ktdbOpenObject(layer, e->layerId(), KtDb::kForRead) == Kt::eOk) {
+        o["layer"] = ktutKtStringToQString(layer->name());
+        layer->close();
+    }
     const KtCmColor color = e->color();
     // An RGB colour goes with index 7 for readers that know no true colour.
     o["color"] = color.colorMethod() == KtCmColor::kByColor ? 7 : color.colorIndex();
