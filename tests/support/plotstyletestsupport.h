@@ -12,12 +12,12 @@
 #include <memory>
 
 /// While alive, no host image can be found: an empty override directory and no embedded images.
-class MissingImages
+struct MissingImages
 {
-public:
+    QTemporaryDir dir;
     MissingImages()
     {
-        ktutSetImageDirectory(m_dir.path());
+        ktutSetImageDirectory(dir.path());
         ktutSetEmbeddedImagesEnabled(false);
     }
     ~MissingImages()
@@ -25,26 +25,14 @@ public:
         ktutSetEmbeddedImagesEnabled(true);
         ktutSetImageDirectory(QString());
     }
-
-private:
-    QTemporaryDir m_dir;
 };
 
 /// While alive, the English catalogue is the host's language service.
-class EnglishTexts
+struct EnglishTexts
 {
-public:
-    EnglishTexts()
-    {
-        m_service.loadBuiltIn(QStringLiteral("en"));
-        m_registered = m_service.registerWithHost();
-    }
-    ~EnglishTexts() { m_service.unregisterFromHost(); }
-    bool registered() const { return m_registered; }
-
-private:
-    KtUiCatalogueLanguageSvr m_service;
-    bool m_registered = false;
+    KtUiCatalogueLanguageSvr service;
+    const bool registered = service.loadBuiltIn(QStringLiteral("en")) && service.registerWithHost();
+    ~EnglishTexts() { service.unregisterFromHost(); }
 };
 
 /// The picture of @p row as a 32-bit image of @p size (null when the row has no icon).

@@ -43,7 +43,7 @@ struct StyleComboChecks
         }
         {
             EnglishTexts language;
-            QVERIFY(language.registered());
+            QVERIFY(language.registered);
             Combo combo;
             for (int row = 0; row < n; ++row)
                 QCOMPARE(combo.itemText(row), englishTexts[row]);
