@@ -44,14 +44,14 @@ QVector<uint> readBackValues(const std::wstring& line)
     return values;
 }
 
-/// Ways to load (lending, buffer size): reading with a large or a small buffer, or through lent buffers.
-const std::pair<bool, int> loadWays[] = {{false, 4096}, {false, 128}, {true, 128}};
+/// Ways to load (file capabilities, buffer size): read into a large or a small buffer, or lent buffers.
+const std::pair<unsigned int, int> loadWays[] = {{0, 4096}, {0, 128}, {1, 128}};
 
-/// A loading archive over @p bytes in memory, with a file that lends its buffers or one that is read.
+/// A loading archive over @p bytes in memory; a file of no capabilities is read through Read().
 struct Loader
 {
-    explicit Loader(const QByteArray& bytes, bool lending = false, int bufferSize = 4096)
-        : file(bytes, lending ? 1 : 0)
+    explicit Loader(const QByteArray& bytes, unsigned int capabilities = 0, int bufferSize = 4096)
+        : file(bytes, capabilities)
         , ar(&file, 1, bufferSize)
     { }
     MemoryLendingFile file;
@@ -132,7 +132,7 @@ private Q_SLOTS:
         auto store = [](CKtArchive& ar, const Values& v) {
             std::apply([&](const auto&... x) { (ar << ... << x); }, v);
         };
-        for (const auto& [lending, bufferSize] : loadWays) {
+        for (const auto& [capabilities, bufferSize] : loadWays) {
             const QByteArray bytes = stored(
                 [&](CKtArchive& ar) {
                     for (int i = 0; i < 20; ++i)
@@ -141,7 +141,7 @@ private Q_SLOTS:
                 bufferSize);
             QCOMPARE(bytes.toHex(), one.repeated(20).toHex());
 
-            Loader l(bytes, lending, bufferSize);
+            Loader l(bytes, capabilities, bufferSize);
             const QByteArray again = stored([&](CKtArchive& out) {
                 for (int i = 0; i < 20; ++i) {
                     Values got;
@@ -192,8 +192,8 @@ private Q_SLOTS:
         QFETCH(QVector<uint>, characters);
         QFETCH(int, unreadInt);
 
-        for (const auto& [lending, bufferSize] : loadWays) {
-            Loader l(bytes, lending, bufferSize);
+        for (const auto& [capabilities, bufferSize] : loadWays) {
+            Loader l(bytes, capabilities, bufferSize);
             KtString text(L"old");
             int rest = 0;
             l.ar >> text >> rest;
@@ -257,15 +257,13 @@ private Q_SLOTS:
     void readStringStopsAtTheEnd()
     {
         // "ab\ncd" as WriteString writes it, the last line without a line feed: two lines, then nothing.
-        for (const auto& [lending, bufferSize] : loadWays) {
-            for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
-                Loader l(wide(L"ab\ncd"), lending, bufferSize);
-                wchar_t buffer[64];
-                int lines = 0;
-                while (l.ar.ReadString(buffer, max) && lines < 10)
-                    ++lines;
-                QCOMPARE(lines, 2);
-            }
+        for (unsigned int max : {50u, 0u - 50u, unsigned(INT_MIN)}) {
+            Loader l(wide(L"ab\ncd"));
+            wchar_t buffer[64];
+            int lines = 0;
+            while (l.ar.ReadString(buffer, max) && lines < 10)
+                ++lines;
+            QCOMPARE(lines, 2);
         }
     }
 
@@ -304,8 +302,8 @@ private Q_SLOTS:
 
         // A buffer larger than the text: at a buffer's end the high half of a
         // character would come from behind the data (see valuesEncodeAndLoad).
-        for (bool lending : {false, true}) {
-            Loader l(bytes, lending, 4096);
+        for (unsigned int capabilities : {0u, 1u}) {
+            Loader l(bytes, capabilities);
             QVector<QVector<uint>> got;
             KtString line(L"before");
             while (l.ar.ReadString(line) && got.size() <= lines.size())
@@ -415,18 +413,17 @@ private Q_SLOTS:
             QCOMPARE(out.content().toHex(), expected.toHex());
             QCOMPARE(out.commands[1] > 0, bool(capabilities & 1));
 
-            MemoryLendingFile in(expected, capabilities);
-            CKtArchive ar(&in, 1, 128);
+            Loader in(expected, capabilities, 128);
             int seven = 0;
-            ar >> seven;
+            in.ar >> seven;
             QCOMPARE(seven, 7);
             QByteArray got(17 + block.size(), '\0'); // the string, then the block
-            QCOMPARE(ar.Read(got.data(), unsigned(got.size())), unsigned(got.size()));
+            QCOMPARE(in.ar.Read(got.data(), unsigned(got.size())), unsigned(got.size()));
             QCOMPARE(got, expected.mid(4, got.size()));
             double d = 0;
-            ar >> d;
+            in.ar >> d;
             QCOMPARE(d, 2.5);
-            QCOMPARE(in.commands[0] > 0, bool(capabilities & 1));
+            QCOMPARE(in.file.commands[0] > 0, bool(capabilities & 1));
         }
     }
 
@@ -446,14 +443,13 @@ private Q_SLOTS:
         QCOMPARE(out.content(), block.left(256));
 
         // A refused read buffer ends Read with 0, even after a direct transfer.
-        MemoryLendingFile in(block);
-        in.lengthSkew = 1;
-        CKtArchive ar(&in, 1, 128);
+        Loader in(block, 1, 128);
+        in.file.lengthSkew = 1;
         QByteArray got(200, '\0');
-        QCOMPARE(ar.Read(got.data(), 200), 0u);
+        QCOMPARE(in.ar.Read(got.data(), 200), 0u);
         QCOMPARE(got.left(128), block.left(128));
         int untouched = 7;
-        ar >> untouched;
+        in.ar >> untouched;
         QCOMPARE(untouched, 7);
     }
 
