@@ -110,9 +110,8 @@ inline int blockCount(KtDbDatabase* db)
 }
 
 /// A new, empty current drawing for one test; the previous one is closed with it.
-class FreshDrawing
+struct FreshDrawing
 {
-public:
     explicit FreshDrawing(int measurement = 0)
     {
         KtApDocManager* manager = ktDocManagerPtr();
@@ -123,6 +122,5 @@ public:
     }
     KtDbDatabase* db() const { return m_document->database(); }
 
-private:
     KtApDocument* m_document;
 };

@@ -14,9 +14,8 @@
 
 /// A 4 x 2 image object over a buffer of its own, with whatever format it claims. Its bytes
 /// are 10 20 30 40 over and over, so that each channel can be told apart.
-class FakeImage final : public KtDbUnderlayImage
+struct FakeImage final : KtDbUnderlayImage
 {
-public:
     explicit FakeImage(const KtDbPixelFormat& format)
         : m_format(format)
         , m_bits(std::size_t(bytesPerLine() * height()))
@@ -30,7 +29,6 @@ public:
     int bytesPerLine() const override { return (width() * m_format.bitsPerPixel / 8 + 3) & ~3; }
     const unsigned char* bits() const override { return m_bits.data(); }
 
-private:
     KtDbPixelFormat m_format;
     std::vector<unsigned char> m_bits;
 };
@@ -42,9 +40,8 @@ inline KtDbPixelFormat pixelFormat(int r, int g, int b, int a, int bits)
 }
 
 /// A page that makes its image of @p format on demand.
-class FakePage : public KtDbUnderlayItem
+struct FakePage : KtDbUnderlayItem
 {
-public:
     explicit FakePage(const KtDbPixelFormat& format = pixelFormat(16, 8, 0, 24, 32))
         : format(format)
     { }
@@ -63,7 +60,6 @@ public:
     QSemaphore* gate = nullptr; ///< when set, each image waits for one release of it
     mutable std::atomic<int> lastMaxSize{0}; ///< -1: image() was asked; else getImage()'s size
 
-private:
     KtDbUnderlayImage* make(int maxSize) const
     {
         lastMaxSize = maxSize;
@@ -76,9 +72,8 @@ private:
 };
 
 /// A document of fake pages; the item of a page listed in @p missing cannot be had.
-class FakeDocument : public KtDbUnderlayFile
+struct FakeDocument : KtDbUnderlayFile
 {
-public:
     explicit FakeDocument(int pages, std::vector<int> missing = {})
         : m_missing(std::move(missing))
     {
@@ -98,7 +93,6 @@ public:
     QSize previewSize() const override { return QSize(256, 256); }
     FakePage& page(int index) { return *m_pages[std::size_t(index)]; }
 
-private:
     std::vector<std::unique_ptr<FakePage>> m_pages;
     std::vector<int> m_missing;
 };
