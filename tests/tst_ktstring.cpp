@@ -35,13 +35,12 @@ private Q_SLOTS:
         QTest::addColumn<Units>("input"); // none: a null pointer
         QTest::addColumn<int>("count"); // -2: the one-argument constructor
         QTest::addColumn<QString>("expected"); // the UTF-8 view
+        // Lone surrogates: see the library's conventions test.
         const Units nuls{'a', 0, 'b', 0};
         QTest::newRow("null") << Units() << -2 << "";
         QTest::newRow("stops at NUL") << nuls << -2 << "a";
         QTest::newRow("count keeps NULs") << nuls << 3 << QString::fromLatin1("a\0b", 3);
         QTest::newRow("negative count") << nuls << -1 << "a";
-        QTest::newRow("surrogate units")
-            << Units{'a', 0xD800, 'b', 0xDFFF, 0xD83D, 0xDE00} << 6 << "a" + fffd + "b" + fffd + fffd + fffd;
         QTest::newRow("leading U+FEFF, range") << Units{0xFEFF, 0xFEFF, 0x1F600, 0x10FFFF, 0x110000,
             0x7FFFFFFF, -1} << 7 << feff + feff + QString::fromUcs4(U"😀\U0010FFFF") + fffd + fffd + fffd;
     }
