@@ -15,14 +15,13 @@ private Q_SLOTS:
         drawing.db()->setInsunits(4);
         KtUiPredefBlockComboBox combo;
         const QStringList texts{"详细信息标注", "槽", "圆", "方框", "正六边形", "三角形"};
+        const QImage tiles
+            = QImage(":/kthost/images/common/predefblock.bmp").convertToFormat(QImage::Format_ARGB32);
         QCOMPARE(combo.count(), 6);
         for (int row = 0; row < 6; ++row) {
             QCOMPARE(combo.itemText(row), texts.at(row));
             QCOMPARE(combo.itemData(row), QVariant(row));
-            const QImage tile = QImage(QStringLiteral(":/kthost/images/common/predefblock.bmp"))
-                                    .copy(0, 17 * row, 17, 17)
-                                    .convertToFormat(QImage::Format_ARGB32);
-            QCOMPARE(iconImage(combo, row, QSize(17, 17)), tile);
+            QCOMPARE(iconImage(combo, row, QSize(17, 17)), tiles.copy(0, 17 * row, 17, 17));
         }
         // The slot is connected before the rows go in: the first row's block is made at once.
         QCOMPARE(combo.currentPredefIndex(), 0);
