@@ -8,8 +8,6 @@
 #include <QtTest>
 #include <ktheap.h>
 
-Q_DECLARE_METATYPE(KtDbObjectId)
-
 namespace {
 
 /// Adds block @p name to the current drawing with the given flags; returns its id.
