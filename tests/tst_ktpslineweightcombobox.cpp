@@ -59,9 +59,8 @@ private Q_SLOTS:
     void texts()
     {
         // weight, inches, English catalogue -> text; the other unit gives another text.
-        const std::tuple<double, bool, bool, QString> cases[]
-            = {{0.25, false, false, "0.2500 毫米"}, {0.25, true, false, "0.0098 英寸"},
-                {0.5, false, true, "0.5000 mm"}, {2.0, true, true, "0.0787 in"}};
+        const std::tuple<double, bool, bool, QString> cases[] = {{0.25, true, false, "0.0098 英寸"},
+            {0.5, false, true, "0.5000 mm"}, {2.0, true, true, "0.0787 in"}};
         for (const auto& [weight, inches, english, text] : cases) {
             std::unique_ptr<EnglishTexts> language(english ? new EnglishTexts : nullptr);
             KtPsLineWeightComboBox combo;
