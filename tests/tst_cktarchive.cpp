@@ -274,7 +274,6 @@ private Q_SLOTS:
         QTest::addColumn<Lines>("lines");
 
         const std::wstring longLine(200, L'x'), part(64, L'p'), beforeNul = L"abcdefghijklmnopq";
-        const QString utf16 = QStringLiteral("one\ntwo\n");
         // clang-format off
         // The zero unit behind the last line feed is a last, empty line.
         QTest::newRow("two lines") << wide(L"ab\nc\n") << Lines{{0x61, 0x620000, 0x62, 0xa0000}, {0x630000, 0x63, 0xa0000}, {}};
@@ -285,7 +284,6 @@ private Q_SLOTS:
         QTest::newRow("exactly a part") << wide(part + L"\n") << Lines{readBackValues(part), {}};
         // A NUL ends the text; what follows up to the line feed is read and dropped.
         QTest::newRow("NUL inside") << wide(beforeNul + std::wstring(1, L'\0') + L"rst\nu\n") << Lines{readBackValues(beforeNul).mid(0, 33), {0x750000, 0x75, 0xa0000}, {}};
-        QTest::newRow("2-byte text is one line") << QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2) << Lines{{0x6e006f, 0x65006e, 0x0a0065, 0x74000a, 0x770074, 0x6f0077, 0x0a006f}};
         QTest::newRow("empty") << QByteArray() << Lines{};
         // The line end in every lane of the eight-character blocks read at once.
         for (int n = 1; n <= 12; ++n) {
