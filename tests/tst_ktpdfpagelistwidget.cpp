@@ -134,6 +134,29 @@ private Q_SLOTS:
         QVERIFY(list.count() == 0 && boxes.texts.isEmpty());
         QVERIFY(!finished.wait(300));
 
+        // Stopped and started again while rendering, and while icons change size.
+        QCOMPARE(list.setInfo(m_many), 200);
+        list.switchPicture(false); // while images arrive
+        list.switchPicture(true);
+        QCOMPARE(list.setInfo(m_three), 3); // stops the first preview, then starts again
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, 20000);
+        QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"}));
+        for (int page = 0; page < 3; ++page)
+            QVERIFY(!list.getSelectItemIcon(page).isNull());
+
+        QCOMPARE(list.setInfo(m_many), 200);
+        list.stopPreview();
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 3, 20000);
+        QVERIFY(list.getSelectItemIcon(199).isNull()); // stopped long before the last page...
+        list.setPageIcon(QPixmap(8, 8), 199); // ... which counts as arrived now, empty
+        QVERIFY(list.getSelectItemIcon(199).isNull());
+
+        // Destroyed while rendering: the loader is stopped and waited for.
+        auto* doomed = new KtPdfPageListWidget;
+        doomed->setInfo(m_many);
+        QTest::qWait(20);
+        delete doomed;
+
         // A raster document of service 423, one page per frame.
         list.setType(1);
         QCOMPARE(list.setInfo(QFINDTESTDATA("data/three-frames.gif")), 3);
@@ -188,33 +211,6 @@ private Q_SLOTS:
         QVERIFY(boxes.texts.size() == 4 && boxes.texts.at(0) == QStringLiteral("无法打开此文件。"));
         QCOMPARE(boxes.texts.mid(2), QStringList({"0", "0"}));
         QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"})); // the old list stays
-    }
-
-    void stopAndRestartWhileRendering()
-    {
-        KtPdfPageListWidget list;
-        QSignalSpy finished(&list, &KtPdfPageListWidget::hasFinishedPreview);
-        QCOMPARE(list.setInfo(m_many), 200);
-        list.switchPicture(false); // while images arrive
-        list.switchPicture(true);
-        QCOMPARE(list.setInfo(m_three), 3); // stops the first preview, then starts again
-        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, 20000);
-        QCOMPARE(texts(list), QStringList({"1#0", "2#1", "3#2"}));
-        for (int page = 0; page < 3; ++page)
-            QVERIFY(!list.getSelectItemIcon(page).isNull());
-
-        QCOMPARE(list.setInfo(m_many), 200);
-        list.stopPreview();
-        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 3, 20000);
-        QVERIFY(list.getSelectItemIcon(199).isNull()); // stopped long before the last page...
-        list.setPageIcon(QPixmap(8, 8), 199); // ... which counts as arrived now, empty
-        QVERIFY(list.getSelectItemIcon(199).isNull());
-
-        // Destroyed while rendering: the loader is stopped and waited for.
-        auto* doomed = new KtPdfPageListWidget;
-        doomed->setInfo(m_many);
-        QTest::qWait(20);
-        delete doomed;
     }
 };
 
