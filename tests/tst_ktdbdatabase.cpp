@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(tableNames<KtDbLayerTable>(db), QStringList{"0"});
         QCOMPARE(tableNames<KtDbLinetypeTable>(db), (QStringList{"ByBlock", "ByLayer", "Continuous"}));
         // The pickers look blocks up and list them skipping erased records.
-        const KtDbObjectId old = addBlock(drawing.db(), L"Part");
+        const KtDbObjectId old = addBlock(drawing.db(), L"Shed");
         KtDbObject* object = nullptr;
         QCOMPARE(ktdbOpenObject(object, old, KtDb::kForWrite), Kt::eOk);
         QCOMPARE(object->erase(), Kt::eOk);
@@ -104,13 +104,13 @@ private Q_SLOTS:
         KtDbBlockTable* table = nullptr;
         drawing.db()->getSymbolTable(table, KtDb::kForRead);
         KtDbObjectId found;
-        QVERIFY(!table->has(L"part"));
-        QCOMPARE(table->getIdAt(L"PART", found, false), Kt::eKeyNotFound);
+        QVERIFY(!table->has(L"shed"));
+        QCOMPARE(table->getIdAt(L"SHED", found, false), Kt::eKeyNotFound);
         QVERIFY(found.isNull());
         table->close();
 
         // The name is free again.
-        const KtDbObjectId renewed = addBlock(drawing.db(), L"Part");
+        const KtDbObjectId renewed = addBlock(drawing.db(), L"Shed");
         QVERIFY(!renewed.isNull());
         QVERIFY(renewed != old);
     }
