@@ -112,25 +112,7 @@ private Q_SLOTS:
         KtMutexAutoLock nothing(nullptr);
     }
 
-    void pixelFormats()
-    {
-        // Each pixel's bytes in memory are 10 20 30 40 (32 bits) or 10 20 30 (24 bits, at x = 0). RGBX8888
-        // ignores alpha; every layout but it and ARGB32 is read as RGB888, a BGR one in 24 bits too.
-        const std::pair<KtDbPixelFormat, QColor> cases[]
-            = {{pixelFormat(0, 8, 16, 24, 32), QColor(0x10, 0x20, 0x30)},
-                {pixelFormat(16, 8, 0, 24, 32), QColor(0x30, 0x20, 0x10, 0x40)},
-                {pixelFormat(16, 8, 0, 0, 24), QColor(0x10, 0x20, 0x30)},
-                {pixelFormat(24, 16, 8, 0, 32), QColor(0x10, 0x20, 0x30)}};
-        KtLoadPdfIconThread thread;
-        for (const auto& [format, color] : cases) {
-            FakePage page(format);
-            const QImage image = thread.getImage(&page).toImage();
-            QCOMPARE(image.size(), QSize(4, 2));
-            QVERIFY2(image.pixelColor(0, 0).rgba() == color.rgba(), qPrintable(color.name(QColor::HexArgb)));
-        }
-    }
-
-    void stopEndsAfterThePageInProgress()
+    void stopAndPageImages()
     {
         FakeDocument document(5);
         QSemaphore gate;
@@ -155,6 +137,20 @@ private Q_SLOTS:
         thread.setItemCount(1);
         gate.release();
         QVERIFY(!thread.getImage(&document.page(0)).isNull());
+
+        // Each pixel's bytes in memory are 10 20 30 40 (32 bits) or 10 20 30 (24 bits, at x = 0). RGBX8888
+        // ignores alpha; every layout but it and ARGB32 is read as RGB888, a BGR one in 24 bits too.
+        const std::pair<KtDbPixelFormat, QColor> cases[]
+            = {{pixelFormat(0, 8, 16, 24, 32), QColor(0x10, 0x20, 0x30)},
+                {pixelFormat(16, 8, 0, 24, 32), QColor(0x30, 0x20, 0x10, 0x40)},
+                {pixelFormat(16, 8, 0, 0, 24), QColor(0x10, 0x20, 0x30)},
+                {pixelFormat(24, 16, 8, 0, 32), QColor(0x10, 0x20, 0x30)}};
+        for (const auto& [format, color] : cases) {
+            FakePage page(format);
+            const QImage image = thread.getImage(&page).toImage();
+            QCOMPARE(image.size(), QSize(4, 2));
+            QVERIFY2(image.pixelColor(0, 0).rgba() == color.rgba(), qPrintable(color.name(QColor::HexArgb)));
+        }
     }
 };
 
