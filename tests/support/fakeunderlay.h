@@ -5,7 +5,6 @@
 
 #include <CJxError>
 #include <KtDbUnderlayFile>
-#include <QImage>
 #include <QSemaphore>
 
 #include <atomic>
