@@ -164,7 +164,8 @@ private Q_SLOTS:
         QString dir = qEnvironmentVariable("KT_DXF_OUT_DIR");
         if (dir.isEmpty())
             dir = temporary.path();
-        QVERIFY(QDir().mkpath(dir));
+        // The read-back checks every drawing in the folder: none of an earlier run may stay.
+        QVERIFY(QDir(dir).removeRecursively() && QDir().mkpath(dir));
 
         // Both units differ from a new drawing's, so that the header is seen to carry them.
         FreshDrawing drawing(1);
